@@ -42,14 +42,18 @@ function(ospra_program name)
 endfunction()
 
 # The GoogleTest program of one folder of tests/. It runs in a fixed locale and time zone, without a display, and with
-# folders for settings and cache of its own.
+# folders for settings and cache of its own. WITH_WINDOWS gives it a QApplication.
 function(ospra_test name)
-    cmake_parse_arguments(ARG "NO_MAIN" "" "SOURCES;DEPENDS" ${ARGN})
+    cmake_parse_arguments(ARG "WITH_WINDOWS" "" "SOURCES;DEPENDS" ${ARGN})
     ospra_program(${name} SOURCES ${ARG_SOURCES} DEPENDS ${ARG_DEPENDS} GTest::gtest GTest::gmock)
-    if(NOT ARG_NO_MAIN)
+    if(ARG_WITH_WINDOWS)
+        target_sources(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests/support/applicationMain.cpp")
+        target_link_libraries(${name} PRIVATE Qt6::Widgets Qt6::QuickControls2)
+    else()
         target_link_libraries(${name} PRIVATE GTest::gmock_main)
     endif()
     ospra_test_environment(environment ${name})
+    list(JOIN environment "\\\\\\\\\\\\\\;" environment) # through three readings as a list
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 120)
 endfunction()

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string>
@@ -28,16 +30,22 @@ public:
     [[nodiscard]] FileReadFailure failure() const { return m_failure; }
 
 private:
-    std::string m_buffer;
+    std::optional<std::string_view> fail(FileReadFailure failure);
+    std::optional<std::string_view> readAll(int file, std::size_t sizeHint);
+    void makeRoom(std::size_t capacity, std::size_t used);
+
+    std::unique_ptr<char[]> m_buffer; // raw, since growing a std::string writes zeros first
+    std::size_t m_capacity = 0;
     FileReadFailure m_failure = FileReadFailure::unreadable;
 };
 
 /// All entries below a folder, to any depth, the folders themselves included, in no particular order. Hidden entries
 /// (a leading dot) and what lies in hidden folders are left out; symbolic links to folders are entries but are not
-/// followed. What cannot be opened is passed over; no folder, no entries. Never blocks on a special file.
+/// followed. What cannot be opened is passed over, and so is what lies deeper than the system's longest path; no
+/// folder, no entries. Never blocks on a special file.
 /// @param stop when requested, the walk ends early with what it has
 [[nodiscard]] std::vector<std::filesystem::path> walkFolder(const std::filesystem::path& folder,
-                                                            std::stop_token stop = {});
+                                                            const std::stop_token& stop = {});
 
 /// Whether the bytes are valid UTF-8 (RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF).
 [[nodiscard]] bool isValidUtf8(std::string_view bytes) noexcept;

@@ -9,7 +9,7 @@ namespace ospra {
 
 /// What a stored folder handle stands for now.
 struct ResolvedFolder {
-    std::filesystem::path path{};
+    std::filesystem::path path;
     bool isStale = false; ///< the handle still works but no longer describes the folder, and should be made anew
 };
 

@@ -27,7 +27,7 @@ public:
     void post(Task task);
 
 private:
-    void run(std::stop_token stop);
+    void run(const std::stop_token& stop);
 
     std::mutex m_mutex;
     std::condition_variable_any m_ready;

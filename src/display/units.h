@@ -2,6 +2,8 @@
 
 #include "display/DataSeries.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace ospra {
@@ -39,8 +41,15 @@ inline constexpr double mphPerMetrePerSecond = 2.23694;
     return system == UnitSystem::metric ? "m" : "ft";
 }
 
+/// "km/h" or "mph".
+[[nodiscard]] constexpr const char* speedUnit(UnitSystem system)
+{
+    return system == UnitSystem::metric ? "km/h" : "mph";
+}
+
 /// A number with a fixed count of decimals as C's "%.*f" prints it in the C locale: a point, no grouping, round half
-/// to even of the exact value, "-0" kept, "inf", "-inf" and "nan".
+/// to even of the exact value, "-0" kept, "inf", "-inf", "nan" and "-nan".
+/// @param decimals 0 to 64
 [[nodiscard]] std::string fixed(double value, int decimals);
 
 /// @param metres above mean sea level; @return for instance "4012 m" or "13163 ft"
@@ -48,6 +57,12 @@ inline constexpr double mphPerMetrePerSecond = 2.23694;
 
 /// @param metresPerSecond in base units; @return for instance "180 km/h" or "112 mph"
 [[nodiscard]] std::string formatSpeed(double metresPerSecond, UnitSystem system);
+
+/// Cut towards zero; absent if not finite or beyond 64 bits.
+[[nodiscard]] std::optional<std::int64_t> wholeSeconds(double seconds);
+
+/// Minutes and seconds as C's "%d:%02d" prints them, without hours: "61:40", "0:-59".
+[[nodiscard]] std::string minutesAndSeconds(std::int64_t seconds);
 
 /// Minutes and seconds, cut towards zero, without hours: "61:40". Not finite or beyond 64 bits: "0:00".
 [[nodiscard]] std::string formatDuration(double seconds);

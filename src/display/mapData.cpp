@@ -1,0 +1,178 @@
+#include "display/mapData.h"
+
+#include "platform/Uuid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <numeric>
+#include <utility>
+
+namespace ospra {
+
+namespace {
+
+constexpr double unfocused = 0.2;          // opacity of a phase that the zoom leaves out
+constexpr double leastFocusedShare = 0.25; // of a phase's time, inclusive
+constexpr double regionPadding = 1.3;      // factor on each span
+constexpr double leastSpan = 0.002;        // degrees
+
+constexpr std::ptrdiff_t jumpRunSamples = 10; // before the exit that tell the aircraft's direction
+
+// Cosine and sine of the angle that 2,000 m span on a sphere of radius 6,371 km.
+constexpr double jumpRunCosine = 0.9999999507263446;
+constexpr double jumpRunSine = 0.00031392245599605966;
+
+constexpr double phaseOpacity(JumpPhase phase)
+{
+    switch (phase) {
+    case JumpPhase::aircraft: return 0.4;
+    case JumpPhase::freefall: return 1.0;
+    case JumpPhase::deployment: return 0.9;
+    case JumpPhase::canopy: return 0.7;
+    case JumpPhase::ground: return 0.3;
+    }
+    return 1.0;
+}
+
+/// Smallest and largest of the finite values seen.
+struct Extent {
+    double least = std::numeric_limits<double>::infinity();
+    double greatest = -std::numeric_limits<double>::infinity();
+
+    void add(double value)
+    {
+        if (!std::isfinite(value))
+            return;
+        least = std::min(least, value);
+        greatest = std::max(greatest, value);
+    }
+    [[nodiscard]] bool empty() const { return greatest < least; }
+    [[nodiscard]] double middle() const { return std::midpoint(least, greatest); }
+    [[nodiscard]] double span() const { return std::max((greatest - least) * regionPadding, leastSpan); }
+};
+
+std::vector<Coordinate> pathOf(const JumpTrack& track, const JumpPhaseRange& phase)
+{
+    std::vector<Coordinate> path;
+    path.reserve(static_cast<std::size_t>(phase.endIndex - phase.startIndex + 1));
+    for (std::ptrdiff_t i = phase.startIndex; i <= phase.endIndex; ++i)
+        path.push_back(track.file.dataPoints[static_cast<std::size_t>(i)].coordinate);
+    return path;
+}
+
+std::string segmentID(const JumpTrack& track, const JumpPhaseRange& phase)
+{
+    return uuidString(track.id) + '-' + std::string(displayName(phase.phase)) + '-' + std::to_string(phase.startIndex) +
+           '-' + std::to_string(phase.endIndex);
+}
+
+Coordinate inRadians(Coordinate place)
+{
+    return {.latitude = place.latitude * std::numbers::pi / 180.0,
+            .longitude = place.longitude * std::numbers::pi / 180.0};
+}
+
+/// Initial great-circle bearing (Aviation Formulary), radians from north. Places in radians.
+double bearing(Coordinate from, Coordinate to)
+{
+    const double east = to.longitude - from.longitude;
+    return std::atan2(std::sin(east) * std::cos(to.latitude),
+                      std::cos(from.latitude) * std::sin(to.latitude) -
+                          std::sin(from.latitude) * std::cos(to.latitude) * std::cos(east));
+}
+
+/// The place half a jump run line away (Aviation Formulary), degrees.
+/// @param from in radians
+Coordinate endOfJumpRun(Coordinate from, double towards)
+{
+    const double sine =
+        std::sin(from.latitude) * jumpRunCosine + std::cos(from.latitude) * jumpRunSine * std::cos(towards);
+    const double latitude = std::asin(std::clamp(sine, -1.0, 1.0)); // at a pole rounding may lead past 1
+    const double longitude = from.longitude + std::atan2(std::sin(towards) * jumpRunSine * std::cos(from.latitude),
+                                                         jumpRunCosine - std::sin(from.latitude) * std::sin(latitude));
+    return {.latitude = latitude * 180.0 / std::numbers::pi, .longitude = longitude * 180.0 / std::numbers::pi};
+}
+
+} // namespace
+
+double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zoom& zoom)
+{
+    if (zoom.mode)
+        return framesPhase(*zoom.mode, phase.phase) ? 1.0 : unfocused;
+    if (!zoom.range)
+        return 1.0;
+    const TimeRange times = phaseTimes(track, phase);
+    const double duration = times.hi - times.lo;
+    if (!(duration > 0.0))
+        return 1.0;
+    const double overlap = std::max(std::min(zoom.range->hi, times.hi) - std::max(zoom.range->lo, times.lo), 0.0);
+    return overlap / duration >= leastFocusedShare ? 1.0 : unfocused;
+}
+
+std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks, const TrackIDs& hidden,
+                                                  const Zoom& zoom)
+{
+    std::vector<VisibleMapSegment> segments;
+    const std::vector<const JumpTrack*> visible = visibleTracks(tracks, hidden);
+    for (const JumpTrack* track : visible) {
+        for (const JumpPhaseRange& phase : track->phases) {
+            std::vector<Coordinate> path = pathOf(*track, phase);
+            if (path.size() < 2)
+                continue;
+            segments.push_back({.id = segmentID(*track, phase),
+                                .phase = phase.phase,
+                                .isPrimary = track == visible.front(),
+                                .color = track->jumperColor,
+                                .opacity = std::min(phaseOpacity(phase.phase), focusFactor(*track, phase, zoom)),
+                                .coordinates = std::move(path)});
+        }
+    }
+    return segments;
+}
+
+std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks, const TrackIDs& hidden,
+                                          const std::optional<TimeRange>& range)
+{
+    if (!range)
+        return std::nullopt;
+
+    Extent latitudes;
+    Extent longitudes;
+    for (const JumpTrack* track : visibleTracks(tracks, hidden)) {
+        for (std::size_t i = 0; i < track->elapsed.size(); ++i) {
+            if (!(range->lo <= track->elapsed[i] && track->elapsed[i] <= range->hi))
+                continue;
+            latitudes.add(track->file.dataPoints[i].coordinate.latitude);
+            longitudes.add(track->file.dataPoints[i].coordinate.longitude);
+        }
+    }
+    if (latitudes.empty() || longitudes.empty())
+        return std::nullopt;
+    return MapRegion{.center = {.latitude = latitudes.middle(), .longitude = longitudes.middle()},
+                     .latitudeDelta = latitudes.span(),
+                     .longitudeDelta = longitudes.span()};
+}
+
+std::optional<JumpRunLine> jumpRunLine(std::span<const JumpTrack> tracks)
+{
+    if (tracks.empty())
+        return std::nullopt;
+    const JumpTrack& primary = tracks.front();
+    const JumpPhaseRange* aircraft = findPhase(primary.phases, JumpPhase::aircraft);
+    if (!aircraft)
+        return std::nullopt;
+
+    const std::ptrdiff_t before = std::max(aircraft->endIndex - jumpRunSamples, aircraft->startIndex);
+    if (before >= aircraft->endIndex)
+        return std::nullopt;
+    const auto placeAt = [&](std::ptrdiff_t index) {
+        return inRadians(primary.file.dataPoints[static_cast<std::size_t>(index)].coordinate);
+    };
+    const Coordinate anchor = placeAt(aircraft->endIndex);
+    const double ahead = bearing(placeAt(before), anchor);
+    return JumpRunLine{.start = endOfJumpRun(anchor, ahead + std::numbers::pi), .end = endOfJumpRun(anchor, ahead)};
+}
+
+} // namespace ospra

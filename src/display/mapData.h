@@ -1,0 +1,63 @@
+#pragma once
+
+#include "analysis/JumpTrack.h"
+#include "display/chartSeries.h"
+#include "display/zoom.h"
+#include "platform/Color.h"
+#include "platform/Coordinate.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ospra {
+
+/// The path of one phase of one track.
+struct VisibleMapSegment {
+    std::string id{}; ///< the track's UUID, the phase's name, first and last index, with dashes; stable across zooms
+    JumpPhase phase = JumpPhase::aircraft;
+    bool isPrimary = false; ///< whether the track is the first of those that are not hidden
+    Color color = Color::white;
+    double opacity = 1.0;                  ///< 0.2 to 1
+    std::vector<Coordinate> coordinates{}; ///< every sample of the phase, at least two
+
+    friend bool operator==(const VisibleMapSegment&, const VisibleMapSegment&) = default;
+};
+
+/// A part of the map, degrees.
+struct MapRegion {
+    Coordinate center{};
+    double latitudeDelta = 0.0;
+    double longitudeDelta = 0.0;
+
+    friend bool operator==(const MapRegion&, const MapRegion&) = default;
+};
+
+/// The aircraft's line of flight around the exit, 4 km long.
+struct JumpRunLine {
+    Coordinate start{}; ///< behind the aircraft
+    Coordinate end{};   ///< ahead of it
+
+    friend bool operator==(const JumpRunLine&, const JumpRunLine&) = default;
+};
+
+/// How strongly a zoom lets a phase show: 1 in focus, 0.2 out of it. A phase is in focus if the mode frames it or if
+/// a range drawn by hand covers at least a quarter of it; everything is without a zoom.
+[[nodiscard]] double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zoom& zoom);
+
+/// The paths of the tracks that are not hidden, in order, each whole: a zoom only dims what lies outside.
+[[nodiscard]] std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks,
+                                                                const TrackIDs& hidden, const Zoom& zoom);
+
+/// The region that holds all samples of the visible tracks within the range, with some room around. NaN and infinite
+/// coordinates are left out, each axis by itself. The antimeridian is not looked at: longitudes are plain numbers.
+/// @return absent without a range and where it holds no sample
+[[nodiscard]] std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks, const TrackIDs& hidden,
+                                                        const std::optional<TimeRange>& range);
+
+/// The line through the place of the exit in the direction of the aircraft's last ten samples, from the first track
+/// even while it is hidden; absent without an aircraft phase.
+[[nodiscard]] std::optional<JumpRunLine> jumpRunLine(std::span<const JumpTrack> tracks);
+
+} // namespace ospra

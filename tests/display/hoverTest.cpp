@@ -1,0 +1,140 @@
+#include "display/hover.h"
+
+#include "tests/support/JumpBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace ospra {
+
+void PrintTo(const HoverRow& row, std::ostream* out)
+{
+    *out << row.name << " (" << colorName(row.color) << ") " << row.value;
+}
+
+namespace {
+
+using enum DataSeries;
+using Rows = std::vector<HoverRow>;
+using Indices = std::vector<std::optional<std::ptrdiff_t>>;
+
+constexpr DisplayUnits metricAGL{.system = UnitSystem::metric, .altitude = AltitudeReference::aboveGround};
+
+/// Two jumpers with a sample every four seconds; the companion's log ends earlier.
+std::vector<JumpTrack> twoTracks()
+{
+    std::vector<JumpTrack> tracks{makeBareTrack({0, 4, 8, 12, 16}, {}, "Ada"),
+                                  makeBareTrack({0, 4, 8}, {}, "Bo", Color::mint)};
+    for (JumpTrack& track : tracks)
+        for (std::size_t i = 0; i < track.elapsed.size(); ++i) {
+            track.file.dataPoints[i].altitudeMSL = 100.0 * static_cast<double>(i);
+            track.file.dataPoints[i].coordinate.longitude = 0.001 * static_cast<double>(i);
+        }
+    return tracks;
+}
+
+TEST(SnappedSeconds, takesTheNearestSampleOfThePrimaryTheLaterOfTwo)
+{
+    const auto tracks = twoTracks();
+    EXPECT_EQ(snappedSeconds(tracks, 5.9), 4.0);
+    EXPECT_EQ(snappedSeconds(tracks, 6.0), 8.0);
+    EXPECT_EQ(snappedSeconds(tracks, -50.0), 0.0);
+    EXPECT_EQ(snappedSeconds({}, 6.3), 6.3);
+    EXPECT_EQ(snappedSeconds(std::vector{makeBareTrack({})}, 6.3), 6.3);
+}
+
+TEST(HoveredValues, readTheNearestPointTheEarlierOfTwoWithinTwoSeconds)
+{
+    const auto tracks = twoTracks();
+    const auto data = buildChartData(tracks, metricAGL);
+    const auto rows = [&](const TrackIDs& hidden, TimeRange range, std::optional<double> seconds) {
+        return hoveredValues(cutChartData(tracks, data, hidden, range), elevation, seconds, metricAGL);
+    };
+    const TimeRange all{.lo = 0.0, .hi = 99.0};
+    EXPECT_EQ(rows({}, all, 4.0), (Rows{{"Me", Color::primaryTrack, "100 m AGL"}, {"Bo", Color::mint, "100 m AGL"}}));
+    EXPECT_EQ(rows({}, all, 12.0), (Rows{{"Me", Color::primaryTrack, "300 m AGL"}, {"Bo", Color::mint, "-"}}));
+    // Both neighbours lie exactly two seconds away, which is too far; a little less is not.
+    EXPECT_EQ(rows({}, all, 6.0), (Rows{{"Me", Color::primaryTrack, "-"}, {"Bo", Color::mint, "-"}}));
+    EXPECT_EQ(rows({tracks[0].id}, all, 9.999), (Rows{{"Bo", Color::mint, "200 m AGL"}}));
+    // A cut that leaves a track without points leaves it without a row.
+    EXPECT_EQ(rows({}, {.lo = 11.0, .hi = 99.0}, 12.0), (Rows{{"Me", Color::primaryTrack, "300 m AGL"}}));
+    EXPECT_TRUE(rows({}, all, std::nullopt).empty());
+
+    std::vector<JumpTrack> dense{makeBareTrack({0.0, 1.0})};
+    dense[0].file.dataPoints[0].altitudeMSL = 7.0;
+    const auto visible = cutChartData(dense, buildChartData(dense, metricAGL), {}, all);
+    EXPECT_EQ(hoveredValues(visible, elevation, 0.5, metricAGL), (Rows{{"Me", Color::primaryTrack, "7 m AGL"}}));
+}
+
+TEST(HoveredDistances, readCompanionsAndPathsAlike)
+{
+    const auto tracks = twoTracks();
+    const TimeRange all{.lo = 0.0, .hi = 99.0};
+    const auto between = cutDistanceData(tracks, buildDistanceData(tracks, UnitSystem::imperial), {}, all);
+    const auto rows = [&](std::optional<double> seconds) {
+        return hoveredDistanceValues(between, DistanceSeries::verticalDistance, seconds, UnitSystem::imperial);
+    };
+    EXPECT_EQ(rows(15.0), (Rows{{"Bo", Color::mint, "328 ft"}}));
+    EXPECT_EQ(rows(18.0), (Rows{{"Bo", Color::mint, "-"}}));
+    EXPECT_TRUE(rows(std::nullopt).empty());
+
+    const auto horizontal =
+        cutHorizontalDistances(tracks, buildHorizontalDistances(tracks, UnitSystem::metric), {}, all);
+    EXPECT_EQ(
+        hoveredHorizontalValues(horizontal, 8.0, UnitSystem::metric),
+        (Rows{{"Me", Color::primaryTrack, "Trv 222 m  Exit 222 m"}, {"Bo", Color::mint, "Trv 222 m  Exit 222 m"}}));
+    EXPECT_EQ(hoveredHorizontalValues(horizontal, 10.0, UnitSystem::metric),
+              (Rows{{"Me", Color::primaryTrack, "-"}, {"Bo", Color::mint, "-"}}));
+    EXPECT_TRUE(hoveredHorizontalValues(horizontal, std::nullopt, UnitSystem::metric).empty());
+}
+
+TEST(HoveredPoints, areAbsentBeyondTheTolerance)
+{
+    auto tracks = twoTracks();
+    tracks.push_back(makeBareTrack({}));
+    EXPECT_EQ(hoveredPoints(tracks, {}, 12.0), (Indices{3, std::nullopt, std::nullopt}));
+    EXPECT_EQ(hoveredPoints(tracks, {tracks[0].id}, 9.999), (Indices{2, std::nullopt}));
+    EXPECT_EQ(hoveredPoints(tracks, {}, 10.0), (Indices{std::nullopt, std::nullopt, std::nullopt}));
+    EXPECT_EQ(hoveredPoints(tracks, {}, std::nullopt), (Indices{std::nullopt, std::nullopt, std::nullopt}));
+}
+
+TEST(HoveredTimeLabel, countsFromThePrimarysExit)
+{
+    std::vector<JumpTrack> tracks{
+        makeBareTrack({0, 100, 200}, {{.phase = JumpPhase::freefall, .startIndex = 1, .endIndex = 2}})};
+    using Label = std::optional<std::string>;
+    EXPECT_EQ(hoveredTimeLabel(tracks, 100.0), Label("T+0s"));
+    EXPECT_EQ(hoveredTimeLabel(tracks, 159.9), Label("T+59s"));
+    EXPECT_EQ(hoveredTimeLabel(tracks, 160.0), Label("T+1:00"));
+    EXPECT_EQ(hoveredTimeLabel(tracks, 225.0), Label("T+2:05"));
+    for (const double none : {99.9, std::nan(""), HUGE_VAL})
+        EXPECT_EQ(hoveredTimeLabel(tracks, none), Label());
+    EXPECT_EQ(hoveredTimeLabel(tracks, std::nullopt), Label());
+    tracks[0].phases.clear();
+    EXPECT_EQ(hoveredTimeLabel(tracks, 160.0), Label());
+}
+
+TEST(Markers, standAtPitchAndSaddleOfVisibleTracks)
+{
+    using Markers = std::vector<ChartMarker>;
+    auto tracks = twoTracks();
+    for (JumpTrack& track : tracks) {
+        track.phases = {{.phase = JumpPhase::canopy, .startIndex = 1, .endIndex = 2}};
+        track.statistics = JumpStatistics{.pitchIndex = 2};
+    }
+    EXPECT_EQ(pitchMarkers(tracks, {}), (Markers{{8.0, Color::primaryTrack}, {8.0, Color::mint}}));
+    EXPECT_EQ(saddleMarkers(tracks, {}), (Markers{{4.0, Color::primaryTrack}, {4.0, Color::mint}}));
+    EXPECT_EQ(saddleMarkers(tracks, {tracks[0].id}), (Markers{{4.0, Color::primaryTrack}}));
+
+    // A first track without a marker keeps the primary colour to itself.
+    tracks[0].statistics->pitchIndex = 99;
+    tracks[0].phases.clear();
+    EXPECT_EQ(pitchMarkers(tracks, {}), (Markers{{8.0, Color::mint}}));
+    EXPECT_EQ(saddleMarkers(tracks, {}), (Markers{{4.0, Color::mint}}));
+    tracks[1].statistics.reset();
+    EXPECT_TRUE(pitchMarkers(tracks, {}).empty());
+}
+
+} // namespace
+} // namespace ospra

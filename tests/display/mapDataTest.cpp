@@ -1,0 +1,127 @@
+#include "display/mapData.h"
+
+#include "display/distanceSeries.h"
+#include "tests/support/JumpBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace ospra {
+namespace {
+
+using enum JumpPhase;
+
+JumpTrack shortJump()
+{
+    JumpTrack track = makeBareTrack({0, 10, 20, 30, 40, 50},
+                                    {{.phase = aircraft, .startIndex = 0, .endIndex = 1},
+                                     {.phase = freefall, .startIndex = 1, .endIndex = 2},
+                                     {.phase = deployment, .startIndex = 2, .endIndex = 3},
+                                     {.phase = canopy, .startIndex = 3, .endIndex = 4},
+                                     {.phase = ground, .startIndex = 4, .endIndex = 5}},
+                                    "Ada", Color::pink);
+    for (std::size_t i = 0; i < 6; ++i)
+        track.file.dataPoints[i].coordinate = {.latitude = 47.0 + static_cast<double>(i), .longitude = 8.0};
+    return track;
+}
+
+std::vector<double> opacities(const JumpTrack& track, const Zoom& zoom)
+{
+    std::vector<double> result;
+    for (const VisibleMapSegment& segment : visibleMapSegments({&track, 1}, {}, zoom))
+        result.push_back(segment.opacity);
+    return result;
+}
+
+TEST(VisibleMapSegments, holdThePhasesWhole)
+{
+    const std::vector<JumpTrack> tracks{shortJump(), shortJump()};
+    const auto segments = visibleMapSegments(tracks, {}, {.range = TimeRange{12.0, 13.0}});
+    ASSERT_EQ(segments.size(), 10u);
+    EXPECT_EQ(segments[1].id, uuidString(tracks[0].id) + "-Freefall-1-2");
+    EXPECT_EQ(segments[1].coordinates, (std::vector<Coordinate>{{48.0, 8.0}, {49.0, 8.0}}));
+    EXPECT_EQ(segments[1].color, Color::pink);
+    EXPECT_TRUE(segments[4].isPrimary);
+    EXPECT_FALSE(segments[5].isPrimary);
+
+    const auto companionOnly = visibleMapSegments(tracks, {tracks[0].id}, {});
+    ASSERT_EQ(companionOnly.size(), 5u);
+    EXPECT_TRUE(companionOnly[0].isPrimary);
+
+    JumpTrack single = shortJump();
+    single.phases = {{.phase = canopy, .startIndex = 3, .endIndex = 3}};
+    EXPECT_TRUE(visibleMapSegments({&single, 1}, {}, {}).empty());
+}
+
+TEST(VisibleMapSegments, dimWhatTheZoomLeavesOut)
+{
+    const JumpTrack track = shortJump();
+    const TimeRange range{.lo = 0.0, .hi = 50.0};
+    using Values = std::vector<double>;
+    EXPECT_EQ(opacities(track, {}), (Values{0.4, 1.0, 0.9, 0.7, 0.3}));
+    EXPECT_EQ(opacities(track, {.mode = ZoomMode::freefall, .range = range}), (Values{0.2, 1.0, 0.9, 0.2, 0.2}));
+    EXPECT_EQ(opacities(track, {.mode = ZoomMode::canopy}), (Values{0.2, 0.2, 0.2, 0.7, 0.2}));
+    EXPECT_EQ(opacities(track, {.mode = ZoomMode::freefallAndCanopy}), (Values{0.2, 1.0, 0.9, 0.7, 0.2}));
+    // A quarter of the freefall and just less than a quarter of the deployment.
+    EXPECT_EQ(opacities(track, {.range = TimeRange{17.5, 22.499}}), (Values{0.2, 1.0, 0.2, 0.2, 0.2}));
+    EXPECT_EQ(opacities(track, {.range = TimeRange{12.0, 14.0}}), (Values{0.2, 0.2, 0.2, 0.2, 0.2}));
+
+    JumpTrack backwards = track;
+    backwards.elapsed = {50, 40, 30, 20, 10, 0};
+    EXPECT_EQ(opacities(backwards, {.range = TimeRange{12.0, 14.0}}), (Values{0.4, 1.0, 0.9, 0.7, 0.3}));
+}
+
+TEST(VisibleMapRegion, framesTheSamplesInRange)
+{
+    JumpTrack track = shortJump();
+    track.file.dataPoints[2].coordinate.longitude = 10.0;
+    const auto region = [&](TimeRange range) { return visibleMapRegion({&track, 1}, {}, range); };
+
+    const MapRegion framed = region({10.0, 20.0}).value();
+    EXPECT_EQ(framed.center, (Coordinate{48.5, 9.0}));
+    EXPECT_DOUBLE_EQ(framed.latitudeDelta, 1.3);
+    EXPECT_DOUBLE_EQ(framed.longitudeDelta, 2.6);
+    EXPECT_EQ(region({50.0, 60.0}), (MapRegion{{52.0, 8.0}, 0.002, 0.002}));
+    EXPECT_EQ(region({51.0, 60.0}), std::nullopt);
+    EXPECT_EQ(visibleMapRegion({&track, 1}, {}, std::nullopt), std::nullopt);
+    EXPECT_EQ(visibleMapRegion({&track, 1}, {track.id}, TimeRange{0.0, 60.0}), std::nullopt);
+
+    track.file.dataPoints[3].coordinate = {.latitude = NAN, .longitude = INFINITY};
+    EXPECT_EQ(region({20.0, 30.0}), (MapRegion{{49.0, 10.0}, 0.002, 0.002}));
+    EXPECT_EQ(region({30.0, 30.0}), std::nullopt);
+}
+
+TEST(JumpRunLine, runsThroughTheExitInTheDirectionOfFlight)
+{
+    // The tenth sample before the exit tells the direction; the others lie far away.
+    JumpTrack track = makeBareTrack(std::vector<double>(23), {{.phase = aircraft, .startIndex = 0, .endIndex = 22}});
+    std::vector<FlySightDataPoint>& samples = track.file.dataPoints;
+    for (FlySightDataPoint& sample : samples)
+        sample.coordinate = {.latitude = 40.0, .longitude = 50.0};
+    samples[12].coordinate = {.latitude = -0.01, .longitude = 8.0};
+    samples[22].coordinate = {.latitude = 0.0, .longitude = 8.0};
+    const JumpRunLine north = jumpRunLine({&track, 1}).value();
+    EXPECT_NEAR(north.end.longitude, 8.0, 1e-9);
+    EXPECT_NEAR(north.end.latitude, 2000.0 / 111194.92664455873, 1e-9);
+    EXPECT_NEAR(north.start.latitude, -2000.0 / 111194.92664455873, 1e-9);
+
+    // A short phase is measured from its own beginning.
+    samples[18].coordinate = {.latitude = 0.0, .longitude = 7.98};
+    track.phases.front().startIndex = 18;
+    const JumpRunLine east = jumpRunLine({&track, 1}).value();
+    EXPECT_NEAR(east.end.latitude, 0.0, 1e-9);
+    EXPECT_GT(east.end.longitude, east.start.longitude);
+    EXPECT_NEAR(greatCircleDistance(east.start, east.end), 4000.0, 1e-3);
+    EXPECT_NEAR(greatCircleDistance(east.start, {0.0, 8.0}), 2000.0, 1e-3);
+
+    track.phases.front().startIndex = 22;
+    EXPECT_EQ(jumpRunLine({&track, 1}), std::nullopt);
+    track.phases.front().phase = freefall;
+    EXPECT_EQ(jumpRunLine({&track, 1}), std::nullopt);
+    EXPECT_EQ(jumpRunLine({}), std::nullopt);
+}
+
+} // namespace
+} // namespace ospra

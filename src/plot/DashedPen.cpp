@@ -1,0 +1,151 @@
+#include "plot/DashedPen.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ospra {
+namespace {
+
+/// Narrows `start` to `end`, portions of a segment, to where a coordinate with the values `ends` at 0 and at 1 lies
+/// within the bounds. `end` is below `start` where it does so nowhere.
+void clip(double& start, double& end, ValueRange ends, ValueRange bounds)
+{
+    const double delta = ends.hi - ends.lo;
+    if (delta == 0.0) {
+        if (ends.lo < bounds.lo || ends.lo > bounds.hi)
+            end = -1.0;
+        return;
+    }
+    const double atLo = (bounds.lo - ends.lo) / delta;
+    const double atHi = (bounds.hi - ends.lo) / delta;
+    start = std::max(start, std::min(atLo, atHi));
+    end = std::min(end, std::max(atLo, atHi));
+}
+
+} // namespace
+
+DashedPen::DashedPen(CoverageMask& mask, DashPattern dash, double scale)
+    : m_mask(mask), m_margin(mask.reach() + 1.0), m_right(mask.columns() + m_margin), m_bottom(mask.rows() + m_margin)
+{
+    // A pattern finer than a tenth of a pixel shows as a solid line anyway.
+    constexpr double leastPeriod = 0.1;
+    const double period = (dash.on + dash.off) * scale;
+    if (dash.isSolid() || !(period >= leastPeriod) || !std::isfinite(period))
+        return;
+    m_on = dash.on * scale;
+    m_period = period;
+}
+
+DashedPen::~DashedPen()
+{
+    lift(StrokeEnd::round);
+}
+
+DashedPen::Portion DashedPen::visiblePortion(PixelPoint from, PixelPoint to) const
+{
+    Portion portion;
+    clip(portion.start, portion.end, {from.x, to.x}, {-m_margin, m_right});
+    clip(portion.start, portion.end, {from.y, to.y}, {-m_margin, m_bottom});
+    return portion;
+}
+
+void DashedPen::lineTo(PixelPoint from, PixelPoint to)
+{
+    if (m_period <= 0.0 && isNear(from) && isNear(to)) {
+        extend(from, to, false);
+        return;
+    }
+    const Portion portion = visiblePortion(from, to);
+    const double length = m_period > 0.0 ? std::hypot(to.x - from.x, to.y - from.y) : 0.0;
+    if (!(portion.start <= portion.end)) {
+        skip(length);
+        return;
+    }
+    const auto at = [&](double t) { return PixelPoint{from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)}; };
+    const PixelPoint start = portion.start > 0.0 ? at(portion.start) : from;
+    const PixelPoint end = portion.end < 1.0 ? at(portion.end) : to;
+    if (m_period <= 0.0) {
+        extend(start, end, false);
+        return;
+    }
+    skip(length * portion.start);
+    dashTo(start, end, length * (portion.end - portion.start));
+    skip(length * (1.0 - portion.end));
+}
+
+void DashedPen::dashTo(PixelPoint from, PixelPoint to, double length)
+{
+    if (!(length > 0.0))
+        return;
+    const auto at = [&](double distance) {
+        const double t = distance / length;
+        return PixelPoint{from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)};
+    };
+    double done = 0.0;
+    while (done < length) {
+        const bool on = isOn();
+        const double rest = (on ? m_on : m_period) - m_phase;
+        const bool ends = rest <= length - done;
+        const double next = ends ? done + rest : length;
+        if (on)
+            extend(at(done), at(next), m_phase == 0.0);
+        if (on && ends)
+            lift(StrokeEnd::flat);
+        m_phase = !ends ? m_phase + (next - done) : on ? m_on : 0.0;
+        done = next;
+    }
+}
+
+/// Adds a piece of the path to the stroke in hand if that stays straight but for a fraction of a pixel, or else begins
+/// a stroke with it. Few long strokes cost less than many short ones; and a dash of short ones would reach beyond its
+/// ends, since each vertex is drawn as a round corner.
+void DashedPen::extend(PixelPoint from, PixelPoint to, bool isDashStart)
+{
+    constexpr double leastBend = 0.15; // px
+    const bool goesOn = m_isDown && !isDashStart && from.x == m_end.x && from.y == m_end.y;
+    if (goesOn && to.x > from.x) {
+        const double perPixel = 1.0 / (to.x - m_start.x);
+        const double slope = (to.y - m_start.y) * perPixel;
+        if (slope >= m_leastSlope && slope <= m_greatestSlope) {
+            m_end = to;
+            m_leastSlope = std::max(m_leastSlope, slope - leastBend * perPixel);
+            m_greatestSlope = std::min(m_greatestSlope, slope + leastBend * perPixel);
+            return;
+        }
+    }
+    lift(goesOn ? StrokeEnd::joined : StrokeEnd::round);
+    m_isDown = true;
+    m_startsAs = isDashStart ? StrokeEnd::flat : goesOn ? StrokeEnd::joined : StrokeEnd::round;
+    m_start = from;
+    m_end = to;
+    const double dx = to.x - from.x;
+    const double perPixel = 1.0 / dx;
+    const double slope = (to.y - from.y) * perPixel;
+    m_leastSlope = dx > 0.0 ? slope - leastBend * perPixel : 1.0; // the empty range: nothing goes on straight
+    m_greatestSlope = dx > 0.0 ? slope + leastBend * perPixel : 0.0;
+}
+
+void DashedPen::lift(StrokeEnd endsAs)
+{
+    if (m_isDown)
+        m_mask.strokeSegment(m_start, m_end, m_startsAs, endsAs);
+    m_isDown = false;
+}
+
+void DashedPen::spike(int column, double top, double bottom)
+{
+    if (m_period <= 0.0 || isOn())
+        m_mask.strokeColumn(column, top, bottom);
+}
+
+void DashedPen::skip(double length)
+{
+    if (m_period <= 0.0 || !(length > 0.0))
+        return;
+    lift(StrokeEnd::round);
+    m_phase = std::fmod(m_phase + length, m_period);
+    if (!std::isfinite(m_phase))
+        m_phase = 0.0;
+}
+
+} // namespace ospra

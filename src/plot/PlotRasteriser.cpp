@@ -1,0 +1,69 @@
+#include "plot/PlotRasteriser.h"
+
+#include "plot/strokeLine.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cmath>
+
+namespace ospra {
+namespace {
+
+std::uint32_t withOpacity(std::uint32_t rgb, double opacity)
+{
+    const double alpha = opacity > 0.0 ? std::min(opacity, 1.0) * 255.0 + 0.5 : 0.0; // NaN draws nothing
+    return (rgb & 0xffffff) | static_cast<std::uint32_t>(alpha) << 24;
+}
+
+/// Turns a picture that lies column after column upright, in tiles that fit the cache.
+void transpose(std::span<const std::uint32_t> columns, int columnCount, int rowCount, std::span<std::uint32_t> rows,
+               std::ptrdiff_t rowStride)
+{
+    constexpr int tile = 16;
+    for (int firstColumn = 0; firstColumn < columnCount; firstColumn += tile) {
+        const int endColumn = std::min(firstColumn + tile, columnCount);
+        for (int row = 0; row < rowCount; ++row) {
+            const std::uint32_t* in = columns.data() + std::ptrdiff_t{firstColumn} * rowCount + row;
+            std::uint32_t* out = rows.data() + row * rowStride + firstColumn;
+            for (int column = firstColumn; column < endColumn; ++column, in += rowCount)
+                *out++ = *in;
+        }
+    }
+}
+
+} // namespace
+
+void PlotRasteriser::draw(const PlotContent& content, const PlotFrame& frame, std::span<std::uint32_t> pixels,
+                          std::ptrdiff_t pixelStride)
+{
+    if (frame.columns <= 0 || frame.rows <= 0)
+        return;
+    assert(pixelStride >= frame.columns && std::ssize(pixels) >= (frame.rows - 1) * pixelStride + frame.columns);
+    m_mask.resize(frame.columns, frame.rows);
+    m_columnPixels.assign(static_cast<std::size_t>(frame.columns) * static_cast<std::size_t>(frame.rows), 0);
+    for (const PlotLine& line : content.lines) {
+        strokeLine(m_mask, line, frame);
+        m_mask.paintOver(m_columnPixels, withOpacity(line.color, line.opacity));
+    }
+    for (const PlotMarker& marker : content.markers)
+        drawRule(marker, frame);
+    transpose(m_columnPixels, frame.columns, frame.rows, pixels, pixelStride);
+}
+
+void PlotRasteriser::drawRule(const PlotMarker& marker, const PlotFrame& frame)
+{
+    const LinearScale scale = frame.xScale();
+    const double x = scale.pixelAt(marker.seconds);
+    if (!scale.isValid() || !(x >= 0.0 && x <= frame.plotWidth))
+        return;
+    // Rules are crisp: whole device pixels wide and high, whatever their place.
+    const int width = std::max(static_cast<int>(std::lround(std::min(marker.width * frame.scale, 64.0))), 1);
+    const int left = std::clamp(static_cast<int>(std::lround(x - width / 2.0)), 0, std::max(frame.columns - width, 0));
+    const int top = std::clamp(static_cast<int>(std::lround(frame.plotTop)), 0, frame.rows);
+    const int bottom = std::clamp(static_cast<int>(std::lround(frame.plotTop + frame.plotHeight)), top, frame.rows);
+    m_mask.fillRule({left, top, std::min(left + width, frame.columns), bottom},
+                    {marker.dash.on * frame.scale, marker.dash.off * frame.scale});
+    m_mask.paintOver(m_columnPixels, withOpacity(marker.color, marker.ruleOpacity));
+}
+
+} // namespace ospra

@@ -1,0 +1,262 @@
+#include "plotPictures.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace ospra {
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+std::vector<PixelPoint> sampled(int count, double width, double (*value)(double))
+{
+    std::vector<PixelPoint> points;
+    for (int i = 0; i < count; ++i) {
+        const double x = width * i / (count - 1);
+        points.push_back({x, value(x)});
+    }
+    return points;
+}
+
+TEST(PlotRasteriser, drawsALineAsThickAsItIs)
+{
+    for (const int samples : {2, 90, 5000}) { // sparse, about one a pixel, dense
+        for (const double scale : {1.0, 1.5, 2.0}) {
+            SCOPED_TRACE(testing::Message() << samples << " samples at " << scale);
+            const auto level =
+                drawLine(lineThrough(sampled(samples, 100.0, [](double) { return 20.3; })), pixelFrame(100, 40, scale));
+            const auto slanted = drawLine(lineThrough(sampled(samples, 100.0, [](double x) { return 2.0 * x - 80.0; })),
+                                          pixelFrame(100, 40, scale));
+            for (int column = 45; column < 55; ++column) {
+                EXPECT_NEAR(level.columnCoverage(column), 1.5 * scale, 0.02);
+                EXPECT_NEAR(slanted.columnCoverage(column), 1.5 * scale * std::sqrt(5.0), 0.25 * scale);
+            }
+        }
+    }
+}
+
+/// What the pixel of a sample shows at least where the line passes it in the middle of its column, at most one pixel
+/// aside: a stroke reaches 0.75, and half a pixel more with its soft edge.
+constexpr int leastSampleAlpha = 255 / 4;
+
+TEST(PlotRasteriser, coversThePixelOfEverySample)
+{
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> step(-1.0, 1.0);
+    for (const int samples : {40, 150, 700, 1300, 20000}) {
+        for (const double jump : {0.05, 2.0, 60.0}) {
+            SCOPED_TRACE(testing::Message() << samples << " samples, steps of " << jump);
+            std::vector<PixelPoint> points;
+            double y = 40.0;
+            for (int i = 0; i < samples; ++i) {
+                y = std::clamp(y + jump * step(random), 0.0, 79.999);
+                points.push_back({299.999 * std::abs(step(random)), y});
+            }
+            std::ranges::sort(points, {}, &PixelPoint::x); // unevenly spaced
+            const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(300, 80));
+            for (const auto& [x, sampleY] : points)
+                ASSERT_GE(drawn.alpha(static_cast<int>(x), static_cast<int>(sampleY)), leastSampleAlpha)
+                    << x << " " << sampleY;
+        }
+    }
+}
+
+TEST(PlotRasteriser, coversLittleThatIsFarFromTheLine)
+{
+    const auto points = sampled(3000, 300.0, [](double x) { return 40.0 + 30.0 * std::sin(x / 20.0); });
+    const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(300, 80));
+    for (int column = 0; column < 300; ++column) {
+        for (int row = 0; row < 80; ++row) {
+            double nearest = infinity;
+            for (const auto& [x, y] : points)
+                nearest = std::min(nearest, std::hypot(x - column - 0.5, y - row - 0.5));
+            const double exact = std::clamp(0.75 + 0.5 - nearest, 0.0, 1.0);
+            ASSERT_NEAR(drawn.alpha(column, row) / 255.0, exact, 0.2) << column << " " << row;
+        }
+    }
+}
+
+TEST(PlotRasteriser, showsAPeakOfOneSampleAtFullRange)
+{
+    for (const int peak : {0, 12345, 24999}) {
+        auto points = sampled(25000, 500.0, [](double) { return 90.5; });
+        points[static_cast<std::size_t>(peak)].y = 10.5;
+        const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(500, 100));
+        const int column = std::min(static_cast<int>(500.0 * peak / 24999), 499);
+        SCOPED_TRACE(column);
+        for (int row = 10; row < 90; ++row)
+            ASSERT_GE(drawn.alpha(column, row), 180);
+        EXPECT_NEAR(drawn.columnCoverage(100), 1.5, 0.01); // and nothing elsewhere
+    }
+}
+
+TEST(PlotRasteriser, keepsATranslucentLineEven)
+{
+    PlotLine line = lineThrough({{5.0, 5.0}, {35.0, 35.0}, {35.0, 5.0}, {5.0, 35.0}, {20.0, 5.0}, {20.0, 35.0}});
+    line.opacity = 0.7;
+    line.color = 0x0000ff;
+    const DrawnPlot drawn = drawLine(line, pixelFrame(40, 40));
+    EXPECT_EQ(*std::ranges::max_element(drawn.pixels), 0xb30000b3); // 0.7 * 255 is 178.5
+    for (const std::uint32_t pixel : drawn.pixels)
+        ASSERT_EQ(pixel & 0xff, pixel >> 24); // premultiplied
+}
+
+TEST(PlotRasteriser, blendsLaterLinesOverEarlierOnes)
+{
+    PlotLine below = lineThrough({{0.0, 10.5}, {20.0, 10.5}});
+    below.color = 0xff0000;
+    PlotLine above = lineThrough({{10.5, 0.0}, {10.5, 20.0}});
+    above.color = 0x00ff00;
+    above.opacity = 0.5;
+    const DrawnPlot drawn = drawPlot({.lines = {below, above}}, pixelFrame(20, 20));
+    EXPECT_EQ(drawn.pixel(3, 10), 0xffff0000);
+    EXPECT_EQ(drawn.pixel(10, 10), 0xff7f8000);
+    EXPECT_EQ(drawn.pixel(10, 3), 0x80008000);
+}
+
+TEST(PlotRasteriser, dashesInLogicalPixels)
+{
+    for (const int samples : {2, 100, 20000}) {
+        for (const int scale : {1, 2}) {
+            SCOPED_TRACE(testing::Message() << samples << " samples at " << scale);
+            PlotLine line = lineThrough(sampled(samples, 180.0, [](double) { return 10.5; }));
+            line.dash = {5.0, 4.0};
+            const DrawnPlot drawn = drawLine(line, pixelFrame(180, 21, scale));
+            for (int column = 0; column < 180; ++column) {
+                const bool on = column % (9 * scale) < 5 * scale;
+                ASSERT_EQ(drawn.alpha(column, 10), on ? 255 : 0) << column;
+            }
+        }
+    }
+}
+
+TEST(PlotRasteriser, dashesAlongTheCurve)
+{
+    PlotLine line = lineThrough(sampled(20000, 270.0, [](double x) { return 150.0 + 40.0 * std::sin(x / 40.0); }));
+    const double solid = [&] {
+        const DrawnPlot drawn = drawLine(line, pixelFrame(270, 300));
+        double sum = 0.0;
+        for (int column = 0; column < 270; ++column)
+            sum += drawn.columnCoverage(column);
+        return sum;
+    }();
+    line.dash = {5.0, 4.0};
+    const DrawnPlot drawn = drawLine(line, pixelFrame(270, 300));
+    double dashed = 0.0;
+    for (int column = 0; column < 270; ++column)
+        dashed += drawn.columnCoverage(column);
+    EXPECT_NEAR(dashed / solid, 5.0 / 9.0, 0.04);
+}
+
+TEST(PlotRasteriser, joinsTheNeighboursOfPointsThatAreNotFinite)
+{
+    const auto frame = pixelFrame(60, 40);
+    const DrawnPlot drawn = drawLine(lineThrough({{notANumber, 3.0},
+                                                  {0.0, 20.5},
+                                                  {10.0, notANumber},
+                                                  {20.0, infinity},
+                                                  {25.0, -infinity},
+                                                  {infinity, 20.0},
+                                                  {-infinity, 2.0},
+                                                  {60.0, 20.5},
+                                                  {61.0, notANumber}}),
+                                     frame);
+    EXPECT_EQ(drawn.pixels, drawLine(lineThrough({{0.0, 20.5}, {60.0, 20.5}}), frame).pixels);
+}
+
+TEST(PlotRasteriser, drawsClockStepsBackwards)
+{
+    std::vector<PixelPoint> points;
+    points.reserve(4000);
+    for (int i = 0; i < 4000; ++i)
+        points.push_back({0.01 * i + (i >= 2000 ? -10.0 : 0.0), i < 2000 ? 5.5 : 30.5});
+    const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(40, 40));
+    for (int column = 1; column < 19; ++column)
+        EXPECT_GE(drawn.alpha(column, 5), 250);
+    for (int column = 11; column < 29; ++column)
+        EXPECT_GE(drawn.alpha(column, 30), 250);
+    EXPECT_NEAR(drawn.rowCoverage(18), 1.5 * std::hypot(10.0, 25.0) / 25.0, 0.1); // the step itself
+    EXPECT_EQ(drawn.alpha(5, 30), 0);
+}
+
+TEST(PlotRasteriser, drawsAnythingWithoutHarm)
+{
+    std::mt19937 random(5);
+    const std::vector<double> odd{0.0,  -0.0, 1e300,    -1e300,    1.7e308, -1.7e308,   1e-310, 7.3,
+                                  12.0, 59.9, infinity, -infinity, 30.0,    notANumber, -5.0,   1e9};
+    const auto pick = [&] { return odd[random() % odd.size()]; };
+    for (int round = 0; round < 3000; ++round) {
+        std::vector<PixelPoint> points;
+        for (auto count = random() % 12; count > 0; --count)
+            points.push_back({pick(), pick()});
+        PlotLine line = lineThrough(points);
+        line.width = pick();
+        line.opacity = pick();
+        line.dash = random() % 2 == 0 ? DashPattern{} : DashPattern{pick(), pick()};
+        PlotFrame frame = pixelFrame(static_cast<int>(random() % 3) * 30, static_cast<int>(random() % 3) * 20);
+        if (round % 3 == 0)
+            frame.seconds = {pick(), pick()};
+        if (round % 5 == 0)
+            frame.values = {pick(), pick()};
+        const PlotMarker marker{.seconds = pick(), .dash = {pick(), pick()}, .width = pick(), .ruleOpacity = pick()};
+        const DrawnPlot drawn = drawPlot({.lines = {line}, .markers = {marker}}, frame);
+        for (const std::uint32_t pixel : drawn.pixels)
+            ASSERT_LE(pixel & 0xff, pixel >> 24) << round;
+    }
+}
+
+TEST(PlotRasteriser, drawsHugeValuesAsTheirVisiblePart)
+{
+    const DrawnPlot drawn =
+        drawLine(lineThrough({{10.5, 20.5}, {10.5, 1e300}, {30.5, -1e300}, {30.5, 20.5}}), pixelFrame(40, 40));
+    EXPECT_GE(drawn.alpha(10, 30), 250);
+    EXPECT_EQ(drawn.alpha(10, 10), 0);
+    EXPECT_GE(drawn.alpha(30, 10), 250);
+    EXPECT_EQ(drawn.alpha(30, 30), 0);
+}
+
+TEST(PlotRasteriser, fillsTheSmallestPictures)
+{
+    const PlotLine line = lineThrough({{0.0, 0.5}, {1.0, 0.5}});
+    EXPECT_EQ(drawLine(line, pixelFrame(1, 1)).pixel(0, 0), 0xffffffff);
+    EXPECT_TRUE(drawLine(line, pixelFrame(0, 0)).pixels.empty());
+    EXPECT_EQ(drawPlot({}, pixelFrame(1, 1)).pixel(0, 0), 0U);
+    EXPECT_GT(drawLine(lineThrough({{5.5, 5.5}}), pixelFrame(10, 10)).alpha(5, 5), 250); // a dot
+}
+
+TEST(PlotRasteriser, drawsRulesCrisp)
+{
+    const PlotMarker marker{.seconds = 10.3, .color = 0xff0000, .dash = {3.0, 4.0}};
+    PlotFrame frame = pixelFrame(20, 44);
+    frame.plotTop = 2.0;
+    frame.plotHeight = 40.0;
+    const DrawnPlot drawn = drawPlot({.markers = {marker, {.seconds = 25.0}, {.seconds = notANumber}}}, frame);
+    for (int row = 0; row < 44; ++row) {
+        const bool on = row >= 2 && row < 42 && (row - 2) % 7 < 3;
+        EXPECT_EQ(drawn.pixel(10, row), on ? 0xffff0000 : 0U) << row;
+        EXPECT_NEAR(drawn.rowCoverage(row), on ? 1.0 : 0.0, 1e-9);
+    }
+}
+
+TEST(PlotRasteriser, usesItsMemoryAgainWithoutATrace)
+{
+    PlotRasteriser rasteriser;
+    const auto noise = lineThrough(sampled(500, 60.0, [](double x) { return 20.0 + 30.0 * std::sin(40.0 * x); }));
+    const auto level = lineThrough({{0.0, 5.5}, {60.0, 5.5}});
+    for (const auto& [columns, rows] : {std::pair(60, 40), std::pair(60, 40), std::pair(50, 41), std::pair(60, 40)}) {
+        const PlotFrame frame = pixelFrame(columns, rows);
+        std::vector<std::uint32_t> pixels(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+        rasteriser.draw({.lines = {noise}}, frame, pixels, columns);
+        rasteriser.draw({.lines = {level}}, frame, pixels, columns);
+        EXPECT_EQ(pixels, drawLine(level, frame).pixels);
+    }
+}
+
+} // namespace
+} // namespace ospra

@@ -1,0 +1,30 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ospra.Theme
+
+/// The row of menu titles at the top of the window.
+T.MenuBar {
+    id: root
+
+    implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
+    implicitHeight: Theme.menuBarHeight
+    leftPadding: 7
+    rightPadding: 7
+    verticalPadding: 3
+    spacing: Theme.space2
+    delegate: MenuBarItem { }
+
+    Accessible.role: Accessible.MenuBar
+
+    contentItem: Row {
+        spacing: root.spacing
+
+        Repeater {
+            model: root.contentModel
+        }
+    }
+
+    background: Rectangle {
+        color: Theme.chrome
+    }
+}

@@ -1,0 +1,36 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ospra.Theme
+
+/// The title of a menu in the menu bar, or the menu's icon.
+T.MenuBarItem {
+    id: root
+
+    readonly property Menu ownMenu: root.menu as Menu
+    readonly property string iconName: root.ownMenu ? root.ownMenu.iconName : ""
+    readonly property string plainText: root.text.replace("&", "")
+
+    implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
+    implicitHeight: Theme.menuBarHeight - Theme.space6
+    leftPadding: root.iconName === "" ? 9 : 8
+    rightPadding: root.iconName === "" ? 9 : 6
+    hoverEnabled: true
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: root.plainText
+    Accessible.onPressAction: root.clicked()
+
+    contentItem: ButtonFace {
+        iconName: root.iconName
+        text: root.iconName === "" ? root.plainText : ""
+        textColor: Theme.text
+        iconColor: Theme.textSecondary
+        iconSize: Theme.iconToolbar
+        weight: Font.Normal
+    }
+
+    background: Rectangle {
+        radius: Theme.radiusItem
+        color: root.highlighted || root.down ? Theme.control : root.hovered ? Theme.hover : "transparent"
+    }
+}

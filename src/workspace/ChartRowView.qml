@@ -1,0 +1,113 @@
+import QtQuick
+import Ospra.Plot
+import Ospra.Theme
+import Ospra.Workspace
+
+/// One row of the charts: header and plot. Only the overlay follows the pointer; the lines are drawn when they change.
+Item {
+    id: root
+
+    required property ChartRowsModel rows
+    required property string title
+    required property int rowColor
+    required property string unit
+    required property bool showsTime
+    required property var content
+    required property var dots
+    required property list<string> readingNames
+    required property list<int> readingColors
+    required property list<string> readingValues
+    required property real dragStart
+    required property real dragEnd
+
+    signal dragged(start: real, end: real)
+    signal dragFinished
+
+    /// The time at a position of the plot, no further than its ends.
+    function secondsWithin(x: real): real {
+        return plot.secondsAt(Math.max(plot.plotLeft, Math.min(x, plot.plotLeft + plot.plotWidth)));
+    }
+
+    Accessible.role: Accessible.Chart
+    Accessible.name: root.title
+    Accessible.description: Array.from(root.readingNames).map((name, index) => name + " " + root.readingValues[index]).join(", ")
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.space4
+        anchors.rightMargin: Theme.space4
+        radius: Theme.radiusControl
+        color: rowHover.hovered ? Qt.alpha(Theme.text, 0.04) : "transparent"
+    }
+
+    HoverHandler {
+        id: rowHover
+    }
+
+    ChartRowHeader {
+        id: header
+
+        y: Theme.space2
+        width: root.width
+        title: root.title
+        rowColor: root.rowColor
+        unit: root.unit
+        timeLabel: root.showsTime ? root.rows.timeLabel : ""
+        names: root.readingNames
+        colors: root.readingColors
+        values: root.readingValues
+    }
+
+    PlotView {
+        id: plot
+
+        anchors.fill: parent
+        anchors.topMargin: header.y + header.height + Theme.space2
+        anchors.leftMargin: Theme.space8
+        anchors.rightMargin: Theme.space8
+        anchors.bottomMargin: Theme.space2
+        content: root.content
+        xMin: root.rows.firstSecond
+        xMax: root.rows.lastSecond
+        gridColor: Theme.gridLine
+        labelColor: Theme.textTertiary
+        labelFont: Theme.caption2.tabularFont
+        cursorSeconds: root.rows.hoveredSeconds
+        cursorColor: Qt.alpha(Theme.textSecondary, 0.35)
+        dots: root.dots
+        dragStart: root.dragStart
+        dragEnd: root.dragEnd
+        dragColor: Qt.alpha(Theme.blue, 0.15)
+
+        HoverHandler {
+            id: hover
+
+            readonly property bool isOverPlot: hover.hovered && plot.containsX(hover.point.position.x)
+
+            onPointChanged: {
+                const seconds = plot.secondsAt(hover.point.position.x);
+                if (hover.isOverPlot && !isNaN(seconds))
+                    root.rows.hoverAt(seconds);
+            }
+            onIsOverPlotChanged: if (!hover.isOverPlot) root.rows.hoverNothing()
+        }
+
+        DragHandler {
+            id: drag
+
+            target: null
+            dragThreshold: 4
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
+            grabPermissions: PointerHandler.CanTakeOverFromAnything
+            onCentroidChanged: {
+                if (!drag.active)
+                    return;
+                const start = root.secondsWithin(drag.centroid.pressPosition.x);
+                const end = root.secondsWithin(drag.centroid.position.x);
+                if (!isNaN(start) && !isNaN(end))
+                    root.dragged(start, end);
+            }
+            onActiveChanged: if (!drag.active) root.dragFinished()
+        }
+    }
+}

@@ -1,0 +1,168 @@
+#include "workspace/ChartRowsModel.h"
+
+#include "workspace/text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ospra {
+
+namespace {
+
+QList<int> readingColors(const std::vector<HoverRow>& readings)
+{
+    QList<int> colors;
+    for (const HoverRow& reading : readings)
+        colors.append(static_cast<int>(reading.color));
+    return colors;
+}
+
+QStringList texts(const std::vector<HoverRow>& readings, std::string HoverRow::* text)
+{
+    QStringList list;
+    for (const HoverRow& reading : readings)
+        list.append(toQString(reading.*text));
+    return list;
+}
+
+} // namespace
+
+void ChartRowsModel::setSource(OspraModel* source)
+{
+    if (m_source == source)
+        return;
+    if (m_source)
+        m_source->disconnect(this);
+    m_source = source;
+    if (m_source) {
+        connect(m_source, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::updateRows);
+        connect(m_source, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::updateRows);
+        connect(m_source, &OspraModel::visibleDataChanged, this, &ChartRowsModel::updateContents);
+        connect(m_source, &OspraModel::hoveredSecondsChanged, this, &ChartRowsModel::updateHover);
+        connect(m_source, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
+        connect(m_source, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
+        connect(m_source, &OspraModel::zoomChanged, this, &ChartRowsModel::rangeChanged);
+        connect(m_source, &OspraModel::visibleDataChanged, this, &ChartRowsModel::rangeChanged);
+    }
+    updateRows();
+    emit sourceChanged();
+    emit hasSeriesChanged();
+    emit rangeChanged();
+}
+
+void ChartRowsModel::setPalette(const QList<QColor>& colors)
+{
+    if (m_colors == colors)
+        return;
+    m_colors = colors;
+    for (std::size_t index = 0; index < m_palette.size() && std::ssize(colors) > std::ptrdiff_t(index); ++index)
+        m_palette[index] = colors[qsizetype(index)].rgb() & 0xffffff;
+    emit paletteChanged();
+    refresh({ContentRole, DotsRole});
+}
+
+bool ChartRowsModel::hasSeries() const
+{
+    return m_source && !(m_source->enabledSeries().empty() && m_source->enabledDistanceSeries().empty());
+}
+
+qreal ChartRowsModel::firstSecond() const
+{
+    return m_source ? m_source->displayRange().lo : 0.0;
+}
+
+qreal ChartRowsModel::lastSecond() const
+{
+    return m_source ? m_source->displayRange().hi : 1.0;
+}
+
+qreal ChartRowsModel::hoveredSeconds() const
+{
+    constexpr qreal nothing = std::numeric_limits<qreal>::quiet_NaN();
+    return m_source ? m_source->hoveredSeconds().value_or(nothing) : nothing;
+}
+
+QString ChartRowsModel::timeLabel() const
+{
+    if (!m_source)
+        return {};
+    return toQString(hoveredTimeLabel(m_source->tracks(), m_source->hoveredSeconds()).value_or(std::string{}));
+}
+
+int ChartRowsModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant ChartRowsModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const ChartRow& row = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case TitleRole: return toQString(rowTitle(row));
+    case ColorRole: return static_cast<int>(rowColor(row));
+    case UnitRole: return toQString(rowUnit(row, m_source->units()));
+    case ShowsTimeRole: return row == ChartRow{.kind = ChartRow::Kind::series, .series = DataSeries::elevation};
+    case ContentRole: return QVariant::fromValue(rowContent(row, *m_source, m_palette));
+    case DotsRole: return QVariant::fromValue(rowDots(row, *m_source, m_palette));
+    case ReadingNamesRole: return texts(rowReadings(row, *m_source), &HoverRow::name);
+    case ReadingColorsRole: return QVariant::fromValue(readingColors(rowReadings(row, *m_source)));
+    case ReadingValuesRole: return texts(rowReadings(row, *m_source), &HoverRow::value);
+    default: return {};
+    }
+}
+
+QHash<int, QByteArray> ChartRowsModel::roleNames() const
+{
+    return {{TitleRole, "title"},
+            {ColorRole, "rowColor"},
+            {UnitRole, "unit"},
+            {ShowsTimeRole, "showsTime"},
+            {ContentRole, "content"},
+            {DotsRole, "dots"},
+            {ReadingNamesRole, "readingNames"},
+            {ReadingColorsRole, "readingColors"},
+            {ReadingValuesRole, "readingValues"}};
+}
+
+/// Takes out the rows that are off now and puts in those that are new, so that the others keep their pictures.
+void ChartRowsModel::updateRows()
+{
+    const std::vector<ChartRow> wanted = m_source ? chartRows(*m_source) : std::vector<ChartRow>{};
+    for (int index = rowCount() - 1; index >= 0; --index) {
+        if (std::ranges::binary_search(wanted, m_rows[static_cast<std::size_t>(index)]))
+            continue;
+        beginRemoveRows({}, index, index);
+        m_rows.erase(m_rows.begin() + index);
+        endRemoveRows();
+    }
+    for (std::size_t index = 0; index < wanted.size(); ++index) {
+        if (index < m_rows.size() && m_rows[index] == wanted[index])
+            continue;
+        const int row = static_cast<int>(index);
+        beginInsertRows({}, row, row);
+        m_rows.insert(m_rows.begin() + row, wanted[index]);
+        endInsertRows();
+    }
+}
+
+void ChartRowsModel::updateContents()
+{
+    updateRows();
+    refresh({UnitRole, ContentRole, DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
+}
+
+void ChartRowsModel::updateHover()
+{
+    refresh({DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
+    emit hoveredSecondsChanged();
+}
+
+void ChartRowsModel::refresh(const QList<int>& roles)
+{
+    if (!m_rows.empty())
+        emit dataChanged(index(0), index(rowCount() - 1), roles);
+}
+
+} // namespace ospra

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/OspraModel.h"
+#include "workspace/ChartRow.h"
+
+#include <QAbstractListModel>
+#include <QColor>
+#include <QList>
+#include <QQmlEngine>
+
+#include <vector>
+
+namespace ospra {
+
+/// The rows of the chart column with all that they draw and read out. A hover changes only what moves with it.
+class ChartRowsModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
+    Q_PROPERTY(QList<QColor> palette READ palette WRITE setPalette NOTIFY paletteChanged REQUIRED)
+    Q_PROPERTY(bool hasSeries READ hasSeries NOTIFY hasSeriesChanged)
+    Q_PROPERTY(qreal firstSecond READ firstSecond NOTIFY rangeChanged)
+    Q_PROPERTY(qreal lastSecond READ lastSecond NOTIFY rangeChanged)
+    Q_PROPERTY(qreal hoveredSeconds READ hoveredSeconds NOTIFY hoveredSecondsChanged)
+    Q_PROPERTY(QString timeLabel READ timeLabel NOTIFY hoveredSecondsChanged)
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    [[nodiscard]] OspraModel* source() const { return m_source; }
+    void setSource(OspraModel* source);
+    /// The colours of the names that the logic uses, in their order.
+    [[nodiscard]] QList<QColor> palette() const { return m_colors; }
+    void setPalette(const QList<QColor>& colors);
+    /// Whether any series is on at all.
+    [[nodiscard]] bool hasSeries() const;
+    /// The time on show.
+    [[nodiscard]] qreal firstSecond() const;
+    [[nodiscard]] qreal lastSecond() const;
+    /// The moment under the pointer, NaN when there is none.
+    [[nodiscard]] qreal hoveredSeconds() const;
+    /// The time since the exit at that moment; empty when there is none.
+    [[nodiscard]] QString timeLabel() const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// The pointer stands at a moment, or over no chart.
+    Q_INVOKABLE void hoverAt(qreal seconds) { m_source->setHoveredSeconds(seconds); }
+    Q_INVOKABLE void hoverNothing() { m_source->setHoveredSeconds(std::nullopt); }
+
+signals:
+    void sourceChanged();
+    void paletteChanged();
+    void hasSeriesChanged();
+    void rangeChanged();
+    void hoveredSecondsChanged();
+
+private:
+    enum Role {
+        TitleRole = Qt::UserRole,
+        ColorRole,
+        UnitRole,
+        ShowsTimeRole,
+        ContentRole,
+        DotsRole,
+        ReadingNamesRole,
+        ReadingColorsRole,
+        ReadingValuesRole,
+    };
+
+    void updateRows();
+    void updateContents();
+    void updateHover();
+    void refresh(const QList<int>& roles);
+
+    OspraModel* m_source = nullptr;
+    QList<QColor> m_colors;
+    ChartPalette m_palette{};
+    std::vector<ChartRow> m_rows;
+};
+
+} // namespace ospra

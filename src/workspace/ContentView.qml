@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ospra.Controls
+import Ospra.Theme
+import Ospra.Workspace
+
+/// The whole content of the window: the sidebar and, beside it, the screen that the model's state calls for.
+FocusScope {
+    id: root
+
+    required property OspraModel source
+
+    Component.onCompleted: {
+        root.source.restoreFolders();
+        root.forceActiveFocus();
+    }
+    Keys.onDownPressed: root.source.selectNextJump()
+    Keys.onUpPressed: root.source.selectPreviousJump()
+    Keys.onSpacePressed: root.source.toggleDefaultZoom()
+
+    Connections {
+        target: root.source
+
+        function onUseMetricChanged() {
+            root.source.rebuildDisplayData();
+        }
+    }
+
+    ContentState {
+        id: content
+
+        source: root.source
+    }
+
+    FolderPanel {
+        id: panel
+
+        source: root.source
+    }
+
+    SplitView {
+        anchors.fill: parent
+
+        Sidebar {
+            T.SplitView.preferredWidth: root.width < Theme.scaled(1000) ? Theme.sidebarMinimum : Theme.sidebarWidth
+            T.SplitView.minimumWidth: Theme.sidebarMinimum
+            T.SplitView.maximumWidth: 2 * Theme.sidebarWidth
+            source: root.source
+            isLoading: content.sidebarIsLoading
+            onOpenFolder: panel.openFolder()
+            onAddCompanion: panel.addCompanion()
+        }
+
+        DetailArea {
+            T.SplitView.fillWidth: true
+            source: root.source
+            screen: content.screen
+            onOpenFolder: panel.openFolder()
+        }
+    }
+
+    Alert {
+        title: "Unable to Load Jump Data"
+        message: root.source.hasError ? root.source.errorMessage : "Unknown error"
+        isShown: root.source.hasError
+        onDismissed: root.source.dismissError()
+    }
+}

@@ -1,0 +1,76 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Ospra.Controls
+import Ospra.Theme
+import Ospra.Workspace
+
+/// The column of charts, one row for each series that is on, all over the same time. A cursor and a selection in one
+/// row are in all of them.
+Item {
+    id: root
+
+    required property OspraModel source
+    property real dragStart: NaN
+    property real dragEnd: NaN
+
+    EmptyState {
+        anchors.fill: parent
+        visible: !rows.hasSeries
+        icon: "chart-line"
+        title: "No Data Series Selected"
+        description: "Use the Data Series toolbar menu to select what to display."
+    }
+
+    Flickable {
+        id: flickable
+
+        readonly property real rowHeight: Math.max(Theme.chartRowMinimum, Math.floor((height - 2 * Theme.space4) / Math.max(1, repeater.count)))
+
+        anchors.fill: parent
+        visible: rows.hasSeries
+        contentHeight: column.height
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        T.ScrollBar.vertical: ScrollBar { }
+
+        Column {
+            id: column
+
+            width: flickable.width
+            topPadding: Theme.space4
+            bottomPadding: Theme.space4
+
+            Repeater {
+                id: repeater
+
+                model: rows
+
+                ChartRowView {
+                    width: column.width
+                    height: flickable.rowHeight
+                    rows: rows
+                    dragStart: root.dragStart
+                    dragEnd: root.dragEnd
+                    onDragged: (start, end) => {
+                        root.dragStart = start;
+                        root.dragEnd = end;
+                    }
+                    onDragFinished: {
+                        if (!isNaN(root.dragStart) && !isNaN(root.dragEnd))
+                            root.source.zoomToDrag(root.dragStart, root.dragEnd);
+                        root.dragStart = NaN;
+                        root.dragEnd = NaN;
+                    }
+                }
+            }
+        }
+    }
+
+    ChartRowsModel {
+        id: rows
+
+        source: root.source
+        palette: Theme.palette
+    }
+}

@@ -1,0 +1,70 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ospra.Controls
+import Ospra.Theme
+
+/// The name of a track in its bar: a click hides the track or shows it again.
+T.AbstractButton {
+    id: root
+
+    required property string name
+    required property int jumperColor
+    required property bool isHidden
+    required property string toolTip
+
+    implicitHeight: Theme.barRowHeight - Theme.space4
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: root.name
+    Accessible.description: root.toolTip
+    Accessible.checkable: true
+    Accessible.checked: !root.isHidden
+    Accessible.onPressAction: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    Rectangle {
+        x: -Theme.space4
+        width: content.width + 2 * Theme.space4
+        height: root.height
+        radius: Theme.radiusControl
+        color: root.down ? Theme.pressed : root.hovered || root.visualFocus ? Theme.hover : "transparent"
+
+        FocusRing {
+            control: root
+        }
+    }
+
+    Row {
+        id: content
+
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.space4
+        opacity: root.isHidden && !root.hovered && !root.visualFocus ? 0.3 : 1
+
+        JumperDot {
+            anchors.verticalCenter: parent.verticalCenter
+            jumperColor: root.jumperColor
+            opacity: root.isHidden ? 0.3 : 1
+        }
+
+        Label {
+            text: root.name
+            textStyle: Theme.caption
+            font.weight: Font.Medium
+            color: root.isHidden ? Theme.textTertiary : Theme.text
+            Accessible.ignored: true
+        }
+    }
+
+    HoverHandler {
+        cursorShape: Qt.PointingHandCursor
+    }
+
+    ToolTipLoader {
+        text: root.toolTip
+        isShown: root.hovered && !root.down
+    }
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "core/OspraModel.h"
+
+#include <QAbstractListModel>
+#include <QQmlEngine>
+
+#include <optional>
+#include <vector>
+
+namespace ospra {
+
+/// The zoom toggles of the toolbar: those that the phases of the first track allow, and which of them is on.
+class ZoomModesModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    [[nodiscard]] OspraModel* source() const { return m_source; }
+    void setSource(OspraModel* source);
+    [[nodiscard]] int count() const { return rowCount(); }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// What a click does: a mode that is off comes on, one that is on gives way to the whole log.
+    Q_INVOKABLE void activate(int row);
+
+signals:
+    void sourceChanged();
+    void countChanged();
+
+private:
+    enum Role { TextRole = Qt::UserRole, OnRole };
+
+    void updateRows();
+    void updateState();
+
+    OspraModel* m_source = nullptr;
+    std::vector<std::optional<ZoomMode>> m_modes; // absent: the whole log
+};
+
+} // namespace ospra

@@ -1,0 +1,175 @@
+#include "overview/HeatmapGrid.h"
+
+#include "tests/overview/OverviewSupport.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+namespace ospra {
+namespace {
+
+using testing::ElementsAre;
+
+std::vector<HeatmapDay> daysOf(const std::vector<std::optional<Instant>>& jumps, const Calendar& calendar)
+{
+    return jumpsPerDay(startsOfDays(datedGroups(makeGroups(jumps)), calendar));
+}
+
+HeatmapGrid gridOf(const std::vector<std::optional<Instant>>& jumps, const Calendar& calendar)
+{
+    return {daysOf(jumps, calendar), calendar};
+}
+
+TEST(HeatmapGrid, isEmptyWithoutJumps)
+{
+    const auto calendar = makeCalendar("UTC", monday);
+    const HeatmapGrid grid({}, *calendar);
+    EXPECT_EQ(grid.weekCount(), 0);
+    EXPECT_TRUE(grid.weeklyCounts().empty());
+    EXPECT_EQ(grid.cellOf(utc(2026, 7, 3), *calendar), std::nullopt);
+    EXPECT_TRUE(monthBoundaryWeeks(grid, *calendar).empty());
+}
+
+TEST(HeatmapGrid, beginsItsWeeksOnTheFirstWeekdayOfTheUser)
+{
+    const std::vector<std::optional<Instant>> jumps{utc(2026, 7, 3, 12), utc(2026, 7, 3, 14)}; // a Friday
+    const auto fromMonday = makeCalendar("Europe/Zurich", monday);
+    const HeatmapGrid grid = gridOf(jumps, *fromMonday);
+    ASSERT_THAT(grid.weeklyCounts(), ElementsAre(2));
+    const HeatmapWeek week = grid.week(0, *fromMonday);
+    EXPECT_EQ(week.weekStart, utc(2026, 6, 28, 22));
+    EXPECT_THAT(week.days, ElementsAre(HeatmapDay{utc(2026, 6, 28, 22), 0}, HeatmapDay{utc(2026, 6, 29, 22), 0},
+                                       HeatmapDay{utc(2026, 6, 30, 22), 0}, HeatmapDay{utc(2026, 7, 1, 22), 0},
+                                       HeatmapDay{utc(2026, 7, 2, 22), 2}, HeatmapDay{utc(2026, 7, 3, 22), 0},
+                                       HeatmapDay{utc(2026, 7, 4, 22), 0}));
+
+    const auto fromSunday = makeCalendar("America/Los_Angeles", sunday);
+    EXPECT_EQ(gridOf(jumps, *fromSunday).weekStart(0, *fromSunday), utc(2026, 6, 28, 7));
+    EXPECT_EQ(gridOf(jumps, *fromSunday).cellOf(utc(2026, 7, 3, 12), *fromSunday), (HeatmapCell{0, 5}));
+}
+
+TEST(HeatmapGrid, holdsWeeksWithoutJumpsAndWeeksAcrossTheYears)
+{
+    const auto calendar = makeCalendar("UTC", monday);
+    // Wednesday 31 December 2025 and Thursday 1 January 2026 share the week of Monday the 29th.
+    const HeatmapGrid grid = gridOf({utc(2025, 12, 31, 9), utc(2026, 1, 1, 9), utc(2026, 1, 26)}, *calendar);
+    EXPECT_THAT(grid.weeklyCounts(), ElementsAre(2, 0, 0, 0, 1));
+    EXPECT_EQ(grid.weekStart(0, *calendar), utc(2025, 12, 29));
+    EXPECT_EQ(grid.week(2, *calendar).days.size(), 7U);
+    EXPECT_EQ(grid.count({.week = 2, .day = 0}), 0);
+    EXPECT_EQ(grid.cellOf(utc(2026, 1, 1, 23), *calendar), (HeatmapCell{0, 3}));
+    EXPECT_EQ(grid.cellOf(utc(2026, 2, 1), *calendar), (HeatmapCell{4, 6}));
+    EXPECT_EQ(grid.cellOf(utc(2026, 2, 2), *calendar), std::nullopt);
+    EXPECT_EQ(grid.cellOf(utc(2025, 12, 28, 23), *calendar), std::nullopt);
+}
+
+TEST(HeatmapGrid, keepsItsDaysWhereClocksChange)
+{
+    // In Santiago the Sunday of 8 September 2019 began at one o'clock, so that a week later is one o'clock as well.
+    const auto santiago = makeCalendar("America/Santiago", sunday);
+    const HeatmapGrid grid = gridOf({utc(2019, 9, 8, 16), utc(2019, 9, 15, 16), utc(2019, 9, 23, 16)}, *santiago);
+    EXPECT_THAT(grid.weeklyCounts(), ElementsAre(1, 1, 1));
+    EXPECT_EQ(grid.weekStart(0, *santiago), utc(2019, 9, 8, 4));
+    EXPECT_EQ(grid.weekStart(1, *santiago), utc(2019, 9, 15, 3));
+    EXPECT_EQ(grid.day({.week = 0, .day = 1}, *santiago), (HeatmapDay{utc(2019, 9, 9, 3), 0}));
+    EXPECT_EQ(grid.day({.week = 2, .day = 1}, *santiago), (HeatmapDay{utc(2019, 9, 23, 3), 1}));
+
+    // A week of 167 hours
+    const auto zurich = makeCalendar("Europe/Zurich", monday);
+    const HeatmapGrid spring = gridOf({utc(2026, 3, 29, 12), utc(2026, 3, 30, 12)}, *zurich);
+    EXPECT_EQ(spring.weekStart(0, *zurich), utc(2026, 3, 22, 23));
+    EXPECT_EQ(spring.weekStart(1, *zurich), utc(2026, 3, 29, 22));
+    EXPECT_EQ(spring.count({.week = 0, .day = 6}), 1);
+    EXPECT_EQ(spring.count({.week = 1, .day = 0}), 1);
+}
+
+TEST(HeatmapGrid, findsItsWeeksAgainBehindADayThatTheZoneSkipped)
+{
+    // There was no 30 December 2011 in Samoa: noon of the 29th, of the 31st, and of Tuesday 3 January.
+    const auto calendar = makeCalendar("Pacific/Apia", sunday);
+    const HeatmapGrid grid = gridOf({utc(2011, 12, 29, 22), utc(2011, 12, 30, 22), utc(2012, 1, 2, 22)}, *calendar);
+    EXPECT_THAT(grid.weeklyCounts(), ElementsAre(2, 1));
+    EXPECT_EQ(grid.weekStart(0, *calendar), utc(2011, 12, 25, 10));
+    EXPECT_EQ(grid.weekStart(1, *calendar), utc(2011, 12, 31, 10));
+    EXPECT_EQ(grid.cellOf(utc(2012, 1, 2, 22), *calendar), (HeatmapCell{1, 2}));
+    EXPECT_EQ(grid.count({.week = 1, .day = 2}), 1);
+}
+
+TEST(HeatmapGrid, marksTheColumnsWhoseFirstDayOpensAMonth)
+{
+    const std::vector<std::optional<Instant>> jumps{utc(2026, 5, 28), utc(2026, 7, 4)};
+    // From 25 May: the week of 29 June holds 1 July but does not begin in it.
+    const auto fromMonday = makeCalendar("UTC", monday);
+    EXPECT_THAT(monthBoundaryWeeks(gridOf(jumps, *fromMonday), *fromMonday), ElementsAre(0, 1));
+    // From 24 May, then 31 May and 7 June
+    const auto fromSunday = makeCalendar("UTC", sunday);
+    const auto labels = monthLabels(gridOf(jumps, *fromSunday), *fromSunday, *makeDateTexts("en_US", "UTC"));
+    ASSERT_EQ(labels.size(), 2U);
+    EXPECT_EQ(labels[0].offset, 0);
+    EXPECT_EQ(labels[0].label, "May");
+    EXPECT_EQ(labels[1].offset, 2);
+    EXPECT_EQ(labels[1].label, "Jun");
+}
+
+/// The weeks one after the other, as one would make them by hand.
+std::vector<HeatmapWeek> weeksByStepping(const std::vector<HeatmapDay>& days, const Calendar& calendar)
+{
+    std::vector<HeatmapWeek> weeks;
+    Instant start = calendar.startOfWeek(days.front().date).value();
+    while (start <= calendar.startOfWeek(days.back().date)) {
+        HeatmapWeek& week = weeks.emplace_back(HeatmapWeek{.weekStart = start});
+        for (int offset = 0; offset < 7; ++offset) {
+            const Instant date = calendar.startOfDay(calendar.adding(offset, CalendarUnit::day, start).value());
+            const auto found =
+                std::find_if(days.begin(), days.end(), [&](const auto& day) { return day.date == date; });
+            week.days.push_back({.date = date, .count = found != days.end() ? found->count : 0});
+        }
+        start = calendar.startOfDay(calendar.adding(1, CalendarUnit::weekOfYear, start).value());
+    }
+    return weeks;
+}
+
+TEST(HeatmapGrid, givesTheSameWeeksAsSteppingThroughThemAll)
+{
+    std::mt19937 random(5);
+    for (const char* const zone : {"Europe/Zurich", "America/Santiago", "Australia/Lord_Howe"}) {
+        for (const int firstWeekday : {1, 2, 7}) {
+            const auto calendar = makeCalendar(zone, firstWeekday);
+            std::vector<std::optional<Instant>> jumps(80);
+            for (auto& jump : jumps) // half of them in one season, half over eight years
+                jump =
+                    Instant{1.45e9 + static_cast<double>(random() % (random() % 2 == 0 ? 10'000'000U : 250'000'000U))};
+            const std::vector<HeatmapDay> days = daysOf(jumps, *calendar);
+            const HeatmapGrid grid(days, *calendar);
+            const std::vector<HeatmapWeek> expected = weeksByStepping(days, *calendar);
+            ASSERT_EQ(grid.weekCount(), std::ssize(expected));
+            for (std::ptrdiff_t i = 0; i < grid.weekCount(); ++i) {
+                const HeatmapWeek week = grid.week(i, *calendar);
+                EXPECT_EQ(week.weekStart, expected[static_cast<std::size_t>(i)].weekStart) << zone << i;
+                EXPECT_EQ(week.days, expected[static_cast<std::size_t>(i)].days) << zone << i;
+            }
+            EXPECT_EQ(std::accumulate(grid.weeklyCounts().begin(), grid.weeklyCounts().end(), 0), 80);
+        }
+    }
+}
+
+TEST(HeatmapGrid, reachesOverCenturiesWhereClocksWereWrong)
+{
+    const auto calendar = makeCalendar("UTC", monday);
+    const HeatmapGrid grid = gridOf({utc(1970, 1, 1), utc(2106, 2, 7, 6), utc(9999, 12, 31, 23)}, *calendar);
+    // From Monday 29 December 1969 to Friday 31 December 9999 there are 2,932,899 days.
+    EXPECT_EQ(grid.weekCount(), 418'986);
+    EXPECT_EQ(grid.count({.week = 0, .day = 3}), 1);
+    EXPECT_EQ(grid.count({.week = 418'985, .day = 4}), 1);
+    EXPECT_EQ(grid.weekStart(418'985, *calendar), utc(9999, 12, 27));
+    EXPECT_EQ(grid.cellOf(utc(2106, 2, 7), *calendar), (HeatmapCell{7'101, 6})); // 49,713 days on, a Sunday
+    EXPECT_EQ(grid.weeklyCounts()[7'101], 1);
+    EXPECT_EQ(std::accumulate(grid.weeklyCounts().begin(), grid.weeklyCounts().end(), 0), 3);
+}
+
+} // namespace
+} // namespace ospra

@@ -1,0 +1,53 @@
+#include "overview/jumpLists.h"
+
+#include "tests/overview/OverviewSupport.h"
+
+#include <gtest/gtest.h>
+
+namespace ospra {
+namespace {
+
+TEST(RecentGroups, areTheThreeNewestWithUndatedOnesAtTheEnd)
+{
+    struct Row {
+        std::vector<std::optional<Instant>> jumps;
+        std::string names;
+    };
+    const Instant a = utc(2026, 7, 1);
+    const Instant b = utc(2026, 7, 2);
+    const Instant c = utc(2026, 7, 3);
+    for (const auto& [jumps, names] :
+         {Row{{}, ""}, Row{{a}, "0"}, Row{{a, b, c, a}, "210"}, Row{{a, a, b, a}, "201"},
+          Row{{std::nullopt, a, std::nullopt, b}, "310"}, Row{{std::nullopt, std::nullopt, a}, "201"},
+          Row{{std::nullopt, std::nullopt, std::nullopt, std::nullopt}, "012"},
+          // older than whatever has no date
+          Row{{Instant{-6.3e10}, std::nullopt, a}, "210"}}) {
+        SCOPED_TRACE(names);
+        EXPECT_EQ(namesOf(recentGroups(makeGroups(jumps))), names);
+    }
+}
+
+TEST(SelectedDayGroups, areAllJumpsOfTheDayNewestFirst)
+{
+    const auto calendar = makeCalendar("Europe/Zurich", monday);
+    const auto groups = makeGroups({utc(2026, 3, 28, 23), utc(2026, 3, 29, 12), std::nullopt, utc(2026, 3, 29, 12),
+                                    utc(2026, 3, 29, 21, 59), utc(2026, 3, 29, 22), utc(2026, 3, 28, 22, 59)});
+    const auto dated = datedGroups(groups);
+    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, utc(2026, 3, 28, 23), *calendar)), "4130");
+    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, utc(2026, 3, 29, 22), *calendar)), "5");
+    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, utc(2026, 4, 2, 22), *calendar)), "");
+    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, std::nullopt, *calendar)), "");
+}
+
+TEST(SelectedDayAfterClick, isTheStartOfTheDayAndClearedByASecondClick)
+{
+    const auto calendar = makeCalendar("America/Santiago", sunday);
+    const Instant day = utc(2019, 9, 8, 4); // begins at one o'clock
+    EXPECT_EQ(selectedDayAfterClick(std::nullopt, day, *calendar), day);
+    EXPECT_EQ(selectedDayAfterClick(utc(2019, 9, 7, 4), utc(2019, 9, 8, 20), *calendar), day);
+    EXPECT_EQ(selectedDayAfterClick(day, utc(2019, 9, 8, 20), *calendar), std::nullopt);
+    EXPECT_EQ(selectedDayAfterClick(day, std::nullopt, *calendar), std::nullopt);
+}
+
+} // namespace
+} // namespace ospra

@@ -1,0 +1,122 @@
+#include "workspace/ChartRowsModel.h"
+
+#include "tests/core/ModelTestBed.h"
+#include "workspace/ZoomModesModel.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace ospra {
+namespace {
+
+QVariant valueOf(const QAbstractListModel& list, int row, const char* role)
+{
+    return list.data(list.index(row), list.roleNames().key(role));
+}
+
+class ChartRows : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        rows.setSource(&model);
+        bed.addLog("me", "a.csv");
+        bed.addLog("friend", "a.csv", {.openingAltitude = 900.0});
+        model.openFolder(bed.folder("me"));
+        model.addCompanion(bed.folder("friend"));
+        bed.settle();
+        model.selectNextJump();
+        bed.settle();
+    }
+
+    QStringList titles() const
+    {
+        QStringList list;
+        for (int row = 0; row < rows.rowCount(); ++row)
+            list.append(valueOf(rows, row, "title").toString());
+        return list;
+    }
+
+    ModelTestBed bed;
+    OspraModel& model = bed.model();
+    ChartRowsModel rows;
+};
+
+TEST_F(ChartRows, standInTheirOrderAndTheOthersStayWhenOneComesOrGoes)
+{
+    EXPECT_EQ(titles(), (QStringList{"Elevation", "Vertical Speed", "Horizontal Distance"}));
+    const QSignalSpy resets(&rows, &QAbstractItemModel::modelReset);
+    const QSignalSpy removed(&rows, &QAbstractItemModel::rowsRemoved);
+    model.setEnabledSeries({DataSeries::diveAngle, DataSeries::elevation, DataSeries::horizontalSpeed});
+    model.setEnabledDistanceSeries({DistanceSeries::totalDistance});
+    EXPECT_EQ(titles(),
+              (QStringList{"Elevation", "Horizontal Speed", "Dive Angle", "Horizontal Distance", "Total Distance"}));
+    EXPECT_EQ(resets.count(), 0);
+    EXPECT_EQ(removed.count(), 1);
+    model.setEnabledSeries({});
+    EXPECT_TRUE(rows.hasSeries());
+    model.setEnabledDistanceSeries({});
+    EXPECT_FALSE(rows.hasSeries());
+    EXPECT_EQ(titles(), QStringList{"Horizontal Distance"}) << "that row depends on no switch";
+}
+
+TEST_F(ChartRows, drawThePrimaryOnTopAndCompanionsFainter)
+{
+    const auto content = valueOf(rows, 0, "content").value<PlotContent>();
+    ASSERT_EQ(content.lines.size(), 2u);
+    EXPECT_EQ(content.lines[1].width, 1.5);
+    EXPECT_EQ(content.lines[1].opacity, 1.0);
+    EXPECT_EQ(content.lines[0].width, 1.2);
+    EXPECT_EQ(content.lines[0].opacity, 0.7);
+    EXPECT_EQ(content.markers.size(), 4u);
+    EXPECT_EQ(content.lines[1].x[0], model.visibleChartTracks()[0].seriesData[DataSeries::elevation][0].seconds);
+    const auto distances = valueOf(rows, 2, "content").value<PlotContent>();
+    ASSERT_EQ(distances.lines.size(), 4u);
+    EXPECT_TRUE(distances.lines[2].dash.isSolid());
+    EXPECT_FALSE(distances.lines[3].dash.isSolid());
+    EXPECT_DOUBLE_EQ(distances.lines[1].opacity, 0.7 * 0.85);
+}
+
+TEST_F(ChartRows, aHoverChangesReadingsAndDotsButNoLine)
+{
+    QList<int> changed;
+    QObject::connect(&rows, &QAbstractItemModel::dataChanged,
+                     [&changed](const QModelIndex&, const QModelIndex&, const QList<int>& roles) { changed += roles; });
+    rows.hoverAt(rows.firstSecond() + 10.0);
+    EXPECT_EQ(valueOf(rows, 0, "readingNames").toStringList(), (QStringList{"Me", "friend"}));
+    EXPECT_EQ(valueOf(rows, 0, "dots").value<PlotDots>().list.size(), 2);
+    EXPECT_EQ(valueOf(rows, 2, "dots").value<PlotDots>().list.size(), 4);
+    EXPECT_EQ(rows.timeLabel(), "T+10s");
+    EXPECT_FALSE(changed.isEmpty());
+    EXPECT_FALSE(changed.contains(rows.roleNames().key("content")));
+    rows.hoverNothing();
+    EXPECT_TRUE(valueOf(rows, 0, "readingNames").toStringList().isEmpty());
+    EXPECT_TRUE(valueOf(rows, 0, "dots").value<PlotDots>().list.isEmpty());
+}
+
+TEST_F(ChartRows, offerTheZoomsOfTheFirstTracksPhases)
+{
+    ZoomModesModel zooms;
+    zooms.setSource(&model);
+    ASSERT_EQ(zooms.rowCount(), 4);
+    const auto onlyOn = [&zooms] {
+        QStringList on;
+        for (int row = 0; row < zooms.rowCount(); ++row)
+            if (valueOf(zooms, row, "isOn").toBool())
+                on.append(valueOf(zooms, row, "text").toString());
+        return on.join(QLatin1Char(','));
+    };
+    EXPECT_EQ(onlyOn(), "FF+Canopy");
+    zooms.activate(2);
+    EXPECT_EQ(onlyOn(), "Freefall");
+    EXPECT_EQ(model.activeZoomMode(), ZoomMode::freefall);
+    zooms.activate(2);
+    EXPECT_EQ(onlyOn(), "All") << "a zoom that is on is switched off";
+    zooms.activate(0);
+    EXPECT_EQ(onlyOn(), "All");
+    model.zoomToDrag(10.0, 20.0);
+    EXPECT_EQ(onlyOn(), "All") << "though the view is zoomed";
+}
+
+} // namespace
+} // namespace ospra

@@ -1,0 +1,5 @@
+#include "Setup.h"
+
+#include <QtQuickTest>
+
+QUICK_TEST_MAIN_WITH_SETUP(controls, Setup)

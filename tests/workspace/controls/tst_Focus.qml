@@ -1,0 +1,98 @@
+import QtQuick
+import QtTest
+import Ospra.Controls
+
+Item {
+    id: root
+
+    property bool isOn: false
+
+    width: 400
+    height: 200
+
+    /// The focus ring somewhere below an item.
+    function ringOf(item) {
+        for (let index = 0; index < item.children.length; ++index) {
+            const child = item.children[index];
+            const ring = child.isFromKey !== undefined ? child : root.ringOf(child);
+            if (ring)
+                return ring;
+        }
+        return null;
+    }
+
+    Column {
+        spacing: 20
+
+        Button {
+            id: first
+
+            text: "First"
+        }
+
+        ToggleButton {
+            id: toggle
+
+            text: "Toggle"
+            isOn: root.isOn
+            onClicked: root.isOn = !root.isOn
+        }
+
+        SegmentedControl {
+            id: segments
+
+            options: ["One", "Two"]
+            currentIndex: 0
+        }
+    }
+
+    TestCase {
+        name: "Focus"
+        when: windowShown
+
+        function test_theRingShowsAfterAKeyOnly() {
+            mouseClick(first);
+            verify(first.activeFocus);
+            verify(!root.ringOf(first).visible);
+            keyClick(Qt.Key_Tab);
+            verify(toggle.activeFocus);
+            verify(root.ringOf(toggle).visible);
+            verify(!root.ringOf(first).visible);
+            keyClick(Qt.Key_Tab);
+            verify(root.ringOf(segments).visible);
+            keyClick(Qt.Key_Backtab);
+            verify(root.ringOf(toggle).visible);
+            mouseClick(toggle);
+            verify(toggle.activeFocus);
+            verify(!root.ringOf(toggle).visible);
+        }
+
+        function test_spaceAndReturnPress() {
+            root.isOn = false;
+            toggle.forceActiveFocus();
+            for (const [key, expected] of [[Qt.Key_Space, true], [Qt.Key_Return, false], [Qt.Key_Enter, true]]) {
+                keyClick(key);
+                compare(root.isOn, expected);
+                compare(toggle.isOn, expected);
+            }
+        }
+
+        function test_assistiveTechnologyPresses() {
+            root.isOn = false;
+            toggle.press();
+            compare(root.isOn, true);
+            compare(toggle.Accessible.checked, true);
+            compare(toggle.Accessible.role, Accessible.Button);
+            compare(toggle.Accessible.name, "Toggle");
+        }
+
+        function test_aDisabledControlCannotBePressed() {
+            root.isOn = false;
+            toggle.enabled = false;
+            mouseClick(toggle);
+            compare(root.isOn, false);
+            compare(toggle.opacity, 0.38);
+            toggle.enabled = true;
+        }
+    }
+}

@@ -1,0 +1,154 @@
+import QtQuick
+import QtQuick.Templates as T
+import QtTest
+import Ospra.Controls
+
+Item {
+    id: root
+
+    property bool isSpeedShown: false
+    property list<string> done: []
+
+    width: 600
+    height: 400
+
+    MenuButton {
+        id: button
+
+        title: "Data Series"
+
+        Menu {
+            id: menu
+
+            MenuHeading { text: "Data Series" }
+            CheckMenuItem {
+                id: speed
+
+                text: "Speed"
+                isOn: root.isSpeedShown
+                onTriggered: root.isSpeedShown = !root.isSpeedShown
+            }
+            MenuItem {
+                text: "Not now"
+                enabled: false
+                onTriggered: root.done.push("not now")
+            }
+            MenuSeparator { }
+            MenuItem {
+                text: "Refresh"
+                onTriggered: root.done.push("refresh")
+            }
+            T.Action {
+                text: "&Open..."
+                shortcut: "Ctrl+O"
+                onTriggered: root.done.push("open")
+            }
+        }
+    }
+
+    TestCase {
+        name: "Menus"
+        when: windowShown
+
+        function init() {
+            root.done = [];
+            root.isSpeedShown = false;
+            button.isCompact = false;
+            button.forceActiveFocus(Qt.TabFocusReason);
+        }
+
+        function cleanup() {
+            menu.close();
+            tryCompare(menu, "visible", false);
+        }
+
+        function open() {
+            keyClick(Qt.Key_Space);
+            tryCompare(menu, "opened", true);
+        }
+
+        function test_aKeyOpensAndEscapeCloses() {
+            open();
+            verify(menu.y >= button.height);
+            keyClick(Qt.Key_Escape);
+            tryCompare(menu, "visible", false);
+            tryCompare(button, "activeFocus", true);
+        }
+
+        function test_returnOpensToo() {
+            keyClick(Qt.Key_Return);
+            tryCompare(menu, "opened", true);
+        }
+
+        function test_arrowsStopAtEntriesThatCanBeChosenOnly() {
+            open();
+            const seen = [];
+            for (let step = 0; step < 3; ++step) {
+                keyClick(Qt.Key_Down);
+                seen.push(menu.itemAt(menu.currentIndex).text);
+            }
+            compare(seen, ["Speed", "Refresh", "&Open..."]);
+            keyClick(Qt.Key_Up);
+            compare(menu.itemAt(menu.currentIndex).text, "Refresh");
+        }
+
+        function test_returnTriggersTheEntryAndCloses() {
+            open();
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            compare(root.done, ["refresh"]);
+            tryCompare(menu, "visible", false);
+        }
+
+        function test_aCheckFollowsTheState() {
+            for (const expected of [true, false]) {
+                open();
+                mouseClick(speed);
+                compare(root.isSpeedShown, expected);
+                compare(speed.isOn, expected);
+                tryCompare(menu, "visible", false);
+                tryCompare(button, "activeFocus", true);
+            }
+        }
+
+        function test_aClickOnADisabledEntryDoesNothing() {
+            open();
+            mouseClick(menu.itemAt(2));
+            compare(root.done, []);
+        }
+
+        function test_anActionShowsItsShortcutAndIsTriggeredOnce() {
+            open();
+            const item = menu.itemAt(5);
+            compare(item.shortcutText, "Ctrl+O");
+            compare(item.plainText, "Open...");
+            mouseClick(item);
+            compare(root.done, ["open"]);
+            tryCompare(menu, "visible", false);
+            keyClick(Qt.Key_O, Qt.ControlModifier);
+            compare(root.done, ["open", "open"]);
+        }
+
+        function test_assistiveTechnologyTriggersAnEntryOnce() {
+            open();
+            menu.itemAt(5).press();
+            compare(root.done, ["open"]);
+        }
+
+        function test_theButtonClosesItsOpenMenu() {
+            mouseClick(button);
+            tryCompare(menu, "opened", true);
+            mouseClick(button);
+            tryCompare(menu, "visible", false);
+        }
+
+        function test_whereItIsNarrowTheTextGoesToTheTooltip() {
+            const width = button.implicitWidth;
+            button.isCompact = true;
+            tryVerify(() => button.implicitWidth < width - 30);
+            compare(button.toolTip, "Data Series");
+            compare(button.Accessible.name, "Data Series");
+        }
+    }
+}

@@ -1,0 +1,74 @@
+#include "tests/core/ModelTestBed.h"
+
+#include <benchmark/benchmark.h>
+
+namespace ospra {
+namespace {
+
+/// A jump of four tracks of about 15,000 samples each: the primary and three companions.
+class FourTracks {
+public:
+    explicit FourTracks(double rate)
+    {
+        const char* const names[] = {"me", "a", "b", "c"};
+        for (const char* name : names) {
+            JumpPlan plan{.rate = rate, .climbSeconds = 240.0, .startSeconds = m_start};
+            m_start += 1.0;
+            m_bed.addLog(name, "jump.csv", plan);
+        }
+        m_bed.model().openFolder(m_bed.folder("me"));
+        for (const char* name : {"a", "b", "c"})
+            m_bed.model().addCompanion(m_bed.folder(name));
+        m_bed.settle();
+    }
+
+    [[nodiscard]] LoadRequest request()
+    {
+        const JumpGroup& group = m_bed.model().jumpGroups().front();
+        LoadRequest request{.entries = {group.primaryEntry}, .jumpers = m_bed.model().jumpers()};
+        request.entries.insert(request.entries.end(), group.companionEntries.begin(), group.companionEntries.end());
+        return request;
+    }
+
+    ModelTestBed& bed() { return m_bed; }
+
+private:
+    double m_start = JumpPlan{}.startSeconds;
+    ModelTestBed m_bed;
+};
+
+/// The background part of a click: four files to finished display data.
+void BM_LoadJump(benchmark::State& state)
+{
+    FourTracks jump(static_cast<double>(state.range(0)));
+    const LoadRequest request = jump.request();
+    std::size_t samples = 0;
+    for (auto _ : state) {
+        const LoadResult result = loadJump(request);
+        samples = result.tracks.back().file.dataPoints.size();
+        benchmark::DoNotOptimize(result);
+    }
+    state.counters["tracks"] = static_cast<double>(request.entries.size());
+    state.counters["samples"] = static_cast<double>(samples);
+}
+BENCHMARK(BM_LoadJump)->Arg(5)->Arg(25)->Unit(benchmark::kMillisecond);
+
+/// The main thread's part: publishing the result and cutting it to the zoom.
+void BM_FinishLoad(benchmark::State& state)
+{
+    FourTracks jump(static_cast<double>(state.range(0)));
+    OspraModel& model = jump.bed().model();
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.loadTracks(jump.request());
+        jump.bed().awaitBackground();
+        state.ResumeTiming();
+        jump.bed().deliverMail();
+    }
+    state.counters["tracks"] = static_cast<double>(model.tracks().size());
+    state.counters["samples"] = static_cast<double>(model.tracks().back().file.dataPoints.size());
+}
+BENCHMARK(BM_FinishLoad)->Arg(5)->Arg(25)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace ospra

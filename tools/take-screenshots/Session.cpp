@@ -7,6 +7,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <cstdio>
 #include <set>
 #include <utility>
 
@@ -27,6 +28,10 @@ bool Session::run()
         return false;
     m_app.window()->requestActivate();
     waitUntil([this] { return m_app.model().hasJumpGroups() && !m_app.model().isLoading(); });
+    if (!m_app.model().hasJumpGroups()) {
+        std::fputs("take-screenshots: there are no jumps in the sample folders\n", stderr);
+        return false;
+    }
     for (const QSize size : {QSize(1200, 700), QSize(900, 600)}) {
         m_size = size;
         m_app.window()->resize(size);

@@ -14,8 +14,9 @@ Rectangle {
     readonly property list<real> captionWidths: root.widestValues(root.tracks.values, metrics)
     readonly property real nameWidth: root.widestName(root.tracks.names)
     // One size smaller where that lets all numbers show.
-    readonly property bool isTight: root.needed(root.captionWidths, metrics) > root.width
-    readonly property list<real> valueWidths: root.isTight ? root.widestValues(root.tracks.values, tightMetrics) : root.captionWidths
+    readonly property list<real> tightWidths: root.widestValues(root.tracks.values, tightMetrics)
+    readonly property bool isTight: root.needed(root.captionWidths, metrics) > root.width && root.needed(root.tightWidths, tightMetrics) <= root.width
+    readonly property list<real> valueWidths: root.isTight ? root.tightWidths : root.captionWidths
 
     /// For each column the width of its widest number.
     function widestValues(values: var, font: FontMetrics): list<real> {

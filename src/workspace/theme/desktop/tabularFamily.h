@@ -17,7 +17,7 @@ namespace ospra {
 
 /// The table `GSUB` of a font with its feature for digits of equal width renamed to one that every text shaper applies
 /// unasked; empty if the font has no such feature, or if the table is damaged.
-/// Layout: OpenType specification, "GSUB" and "Common table formats".
+/// Layout: OpenType, chapters "GSUB" and "Common table formats".
 [[nodiscard]] QByteArray withTabularDigits(QByteArray substitutions);
 
 } // namespace ospra

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <tuple>
+
 namespace ospra {
 namespace {
 
@@ -190,6 +195,38 @@ TEST(ModelLoading, unitsAreThoseOfTheRequestUntilTheNextRebuild)
     QObject::connect(&model, &OspraModel::chartDataChanged, [&told] { ++told; });
     model.rebuildDisplayData();
     EXPECT_EQ(told, 0);
+}
+
+TEST(ModelLoading, leavesTheLogsAndTheirFolderAsTheyWere)
+{
+    ModelTestBed bed;
+    const std::filesystem::path log = bed.addLog("me", "a.csv");
+    bed.addFile("me", "bad.csv", "no log");
+    const auto state = [&log] {
+        std::ifstream file(log, std::ios::binary);
+        std::string content(std::istreambuf_iterator<char>(file), {});
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(log.parent_path()))
+            names.push_back(entry.path().filename());
+        std::ranges::sort(names);
+        return std::tuple(content, std::filesystem::last_write_time(log), names,
+                          std::filesystem::last_write_time(log.parent_path()));
+    };
+    // Nothing may be written there, so nothing needs the right to.
+    std::filesystem::permissions(log, std::filesystem::perms::owner_read);
+    std::filesystem::permissions(log.parent_path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    const auto before = state();
+    OspraModel& model = bed.model();
+    model.openFolder(bed.folder("me"));
+    bed.settle();
+    for (const JumpGroup& group : model.jumpGroups()) {
+        model.loadTracks(group);
+        bed.settle();
+    }
+    model.closeFolder();
+    EXPECT_EQ(state(), before);
+    std::filesystem::permissions(log.parent_path(), std::filesystem::perms::owner_all);
 }
 
 } // namespace

@@ -99,6 +99,7 @@ QVariant ChartRowsModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const ChartRow& row = m_rows[static_cast<std::size_t>(index.row())];
+    const std::vector<HoverRow>& readings = m_readings[static_cast<std::size_t>(index.row())];
     switch (role) {
     case TitleRole: return toQString(rowTitle(row));
     case ColorRole: return static_cast<int>(rowColor(row));
@@ -106,9 +107,9 @@ QVariant ChartRowsModel::data(const QModelIndex& index, int role) const
     case ShowsTimeRole: return row == ChartRow{.kind = ChartRow::Kind::series, .series = DataSeries::elevation};
     case ContentRole: return QVariant::fromValue(rowContent(row, *m_source, m_palette));
     case DotsRole: return QVariant::fromValue(rowDots(row, *m_source, m_palette));
-    case ReadingNamesRole: return texts(rowReadings(row, *m_source), &HoverRow::name);
-    case ReadingColorsRole: return QVariant::fromValue(readingColors(rowReadings(row, *m_source)));
-    case ReadingValuesRole: return texts(rowReadings(row, *m_source), &HoverRow::value);
+    case ReadingNamesRole: return texts(readings, &HoverRow::name);
+    case ReadingColorsRole: return QVariant::fromValue(readingColors(readings));
+    case ReadingValuesRole: return texts(readings, &HoverRow::value);
     default: return {};
     }
 }
@@ -135,6 +136,7 @@ void ChartRowsModel::updateRows()
             continue;
         beginRemoveRows({}, index, index);
         m_rows.erase(m_rows.begin() + index);
+        m_readings.erase(m_readings.begin() + index);
         endRemoveRows();
     }
     for (std::size_t index = 0; index < wanted.size(); ++index) {
@@ -143,6 +145,7 @@ void ChartRowsModel::updateRows()
         const int row = static_cast<int>(index);
         beginInsertRows({}, row, row);
         m_rows.insert(m_rows.begin() + row, wanted[index]);
+        m_readings.insert(m_readings.begin() + row, rowReadings(wanted[index], *m_source));
         endInsertRows();
     }
 }
@@ -150,11 +153,19 @@ void ChartRowsModel::updateRows()
 void ChartRowsModel::updateContents()
 {
     updateRows();
+    updateReadings();
     refresh({UnitRole, ContentRole, DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
+}
+
+void ChartRowsModel::updateReadings()
+{
+    for (std::size_t index = 0; index < m_rows.size(); ++index)
+        m_readings[index] = rowReadings(m_rows[index], *m_source);
 }
 
 void ChartRowsModel::updateHover()
 {
+    updateReadings();
     refresh({DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
     emit hoveredSecondsChanged();
 }

@@ -72,6 +72,7 @@ private:
 
     void updateRows();
     void updateContents();
+    void updateReadings();
     void updateHover();
     void refresh(const QList<int>& roles);
 
@@ -79,6 +80,7 @@ private:
     QList<QColor> m_colors;
     ChartPalette m_palette{};
     std::vector<ChartRow> m_rows;
+    std::vector<std::vector<HoverRow>> m_readings; // of each row; three roles show them
 };
 
 } // namespace ospra

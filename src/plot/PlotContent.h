@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plot/LinearScale.h"
+#include "raster/DashPattern.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,15 +11,6 @@
 #include <vector>
 
 namespace ospra {
-
-/// Lengths along a line, in logical pixels. Solid where either is not above 0.
-struct DashPattern {
-    double on = 0.0;
-    double off = 0.0;
-
-    [[nodiscard]] bool isSolid() const { return !(on > 0.0 && off > 0.0); }
-    friend bool operator==(const DashPattern&, const DashPattern&) = default;
-};
 
 /// A line through points that somebody else keeps. Points with a coordinate that is not finite are left out, and their
 /// neighbours joined. The x need not ascend.

@@ -1,6 +1,6 @@
 #include "plot/strokeLine.h"
 
-#include "plot/DashedPen.h"
+#include "raster/DashedPen.h"
 
 #include <algorithm>
 #include <cmath>

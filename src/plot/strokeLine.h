@@ -1,8 +1,8 @@
 #pragma once
 
-#include "plot/CoverageMask.h"
 #include "plot/PlotContent.h"
 #include "plot/PlotRasteriser.h"
+#include "raster/CoverageMask.h"
 
 namespace ospra {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plot/PlotContent.h"
+#include "raster/DashPattern.h"
 
 #include <cstddef>
 #include <cstdint>

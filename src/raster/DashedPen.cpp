@@ -1,4 +1,4 @@
-#include "plot/DashedPen.h"
+#include "raster/DashedPen.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,9 +6,15 @@
 namespace ospra {
 namespace {
 
+/// Two values of one coordinate.
+struct Ends {
+    double lo = 0.0;
+    double hi = 0.0;
+};
+
 /// Narrows `start` to `end`, portions of a segment, to where a coordinate with the values `ends` at 0 and at 1 lies
 /// within the bounds. `end` is below `start` where it does so nowhere.
-void clip(double& start, double& end, ValueRange ends, ValueRange bounds)
+void clip(double& start, double& end, Ends ends, Ends bounds)
 {
     const double delta = ends.hi - ends.lo;
     if (delta == 0.0) {

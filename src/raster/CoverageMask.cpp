@@ -1,4 +1,4 @@
-#include "plot/CoverageMask.h"
+#include "raster/CoverageMask.h"
 
 #include <algorithm>
 #include <array>

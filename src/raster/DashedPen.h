@@ -1,7 +1,7 @@
 #pragma once
 
-#include "plot/CoverageMask.h"
-#include "plot/PlotContent.h"
+#include "raster/CoverageMask.h"
+#include "raster/DashPattern.h"
 
 namespace ospra {
 

@@ -1,38 +1,13 @@
 #include "plot/PlotRasteriser.h"
 
 #include "plot/strokeLine.h"
+#include "raster/columnPixels.h"
 
 #include <algorithm>
 #include <cassert>
 #include <cmath>
 
 namespace ospra {
-namespace {
-
-std::uint32_t withOpacity(std::uint32_t rgb, double opacity)
-{
-    const double alpha = opacity > 0.0 ? std::min(opacity, 1.0) * 255.0 + 0.5 : 0.0; // NaN draws nothing
-    return (rgb & 0xffffff) | static_cast<std::uint32_t>(alpha) << 24;
-}
-
-/// Turns a picture that lies column after column upright, in tiles that fit the cache.
-void transpose(std::span<const std::uint32_t> columns, int columnCount, int rowCount, std::span<std::uint32_t> rows,
-               std::ptrdiff_t rowStride)
-{
-    constexpr int tile = 16;
-    for (int firstColumn = 0; firstColumn < columnCount; firstColumn += tile) {
-        const int endColumn = std::min(firstColumn + tile, columnCount);
-        for (int row = 0; row < rowCount; ++row) {
-            const std::uint32_t* in = columns.data() + std::ptrdiff_t{firstColumn} * rowCount + row;
-            std::uint32_t* out = rows.data() + row * rowStride + firstColumn;
-            for (int column = firstColumn; column < endColumn; ++column, in += rowCount)
-                *out++ = *in;
-        }
-    }
-}
-
-} // namespace
-
 void PlotRasteriser::draw(const PlotContent& content, const PlotFrame& frame, std::span<std::uint32_t> pixels,
                           std::ptrdiff_t pixelStride)
 {
@@ -47,7 +22,7 @@ void PlotRasteriser::draw(const PlotContent& content, const PlotFrame& frame, st
     }
     for (const PlotMarker& marker : content.markers)
         drawRule(marker, frame);
-    transpose(m_columnPixels, frame.columns, frame.rows, pixels, pixelStride);
+    turnUpright(m_columnPixels, frame.columns, frame.rows, pixels, pixelStride);
 }
 
 void PlotRasteriser::drawRule(const PlotMarker& marker, const PlotFrame& frame)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace ospra {
 namespace {
@@ -44,18 +45,19 @@ WorldRect MapView::visibleWorld() const
 
 Camera constrained(Camera camera)
 {
-    camera.zoom = std::clamp(camera.zoom, lowestZoom, highestZoom);
-    camera.center.x -= std::floor(camera.center.x);
-    camera.center.y = std::clamp(camera.center.y, 0.0, 1.0);
-    return camera;
+    const WorldPoint center =
+        std::isfinite(camera.center.x) && std::isfinite(camera.center.y) ? camera.center : WorldPoint{0.5, 0.5};
+    const double turns = center.x - std::floor(center.x); // a whole one, by rounding, just below 0
+    return {.center = {turns < 1.0 ? turns : 0.0, std::clamp(center.y, 0.0, 1.0)},
+            .zoom = std::isnan(camera.zoom) ? lowestZoom : std::clamp(camera.zoom, lowestZoom, highestZoom)};
 }
 
 Camera cameraFraming(const WorldRect& rect, double width, double height, double padding, double highest)
 {
     const double room = std::max(1.0, width - 2.0 * std::min(padding, width / 4.0));
     const double headroom = std::max(1.0, height - 2.0 * std::min(padding, height / 4.0));
-    const double size =
-        std::min(room / (rect.right - rect.left), headroom / (rect.bottom - rect.top)); // may be infinite
+    const double size = std::min(room / std::max(rect.right - rect.left, 0.0),
+                                 headroom / std::max(rect.bottom - rect.top, 0.0)); // may be infinite
     const double zoom = std::min(std::log2(size / worldSizeAtZoom0), highest);
     return constrained({.center = rect.center(), .zoom = zoom});
 }
@@ -79,10 +81,15 @@ Camera zoomedAbout(const MapView& view, ViewPoint pixel, double zoom)
 
 Camera between(const Camera& from, const Camera& to, double progress)
 {
+    if (progress >= 1.0)
+        return constrained(to);
+    // One place stays where it is on screen, as in a zoom about it. With a centre that moved evenly, most of the way
+    // would pass by at the closer zoom.
+    const double octaves = (to.zoom - from.zoom) * std::numbers::ln2;
+    const double way = octaves != 0.0 ? std::expm1(-octaves * progress) / std::expm1(-octaves) : progress;
     const double targetX = turnNearest(to.center.x, from.center.x);
-    return constrained(
-        {.center = {std::lerp(from.center.x, targetX, progress), std::lerp(from.center.y, to.center.y, progress)},
-         .zoom = std::lerp(from.zoom, to.zoom, progress)});
+    return constrained({.center = {std::lerp(from.center.x, targetX, way), std::lerp(from.center.y, to.center.y, way)},
+                        .zoom = std::lerp(from.zoom, to.zoom, progress)});
 }
 
 } // namespace ospra

@@ -37,7 +37,8 @@ struct MapView {
     friend bool operator==(const MapView&, const MapView&) = default;
 };
 
-/// The camera with its zoom and centre within bounds: the centre on the square, x between 0 and 1.
+/// The camera with its zoom and centre within bounds: the centre on the square, x from 0 to just below 1. What is not
+/// finite is replaced.
 [[nodiscard]] Camera constrained(Camera camera);
 
 /// The closest camera that has all of the rectangle in a view of this size, with `padding` logical pixels free on each
@@ -50,7 +51,8 @@ struct MapView {
 /// The view at another zoom, with the place under `pixel` staying where it is.
 [[nodiscard]] Camera zoomedAbout(const MapView& view, ViewPoint pixel, double zoom);
 
-/// A camera on the way from one to another, the short way round the world.
+/// A camera on the way from one to another, the short way round the world. Where the zoom changes, one place keeps its
+/// pixel all the way: a zoom about a place is shown as that.
 /// @param progress 0 to 1
 [[nodiscard]] Camera between(const Camera& from, const Camera& to, double progress);
 

@@ -26,8 +26,12 @@ struct TilePlan {
 };
 
 /// Chooses the tiles of one kind for a view: for each piece of ground the topmost source that shows it, else the one
-/// below, else a coarser tile enlarged.
-/// @param deviceScale device pixels in a logical one; from 1.5 on one zoom level more is taken, never more than that
+/// below, else a coarser tile enlarged. Until a tile is there, what is ready at its place stands in for it: finer
+/// tiles, the finest of the coarser, another source's. Pictures are cut to pieces of ground that do not overlap, except
+/// where finer ones lie on a coarser; a vector tile is placed whole and once on each turn. Any view will do: one that
+/// is no view gives an empty plan, of one out of all measure the middle is planned.
+/// @param deviceScale device pixels in a logical one; from 1.5 on imagery is taken one zoom level finer, never more
+/// than that
 /// @param sources the stack, from the ground up
 /// @param state called for tiles of sources of the kind only, and cheap
 [[nodiscard]] TilePlan planTiles(const MapView& view, double deviceScale, std::span<const MapSource> sources,

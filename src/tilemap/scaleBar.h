@@ -12,8 +12,10 @@ struct ScaleBar {
 
 enum class LengthUnits { metric, imperial };
 
-/// The longest bar of 1, 2.5 or 5 times a power of ten that fits; feet below a mile, miles from there on.
+/// The longest bar of 1, 2.5 or 5 times a power of ten that fits, in whole metres or feet; kilometres or miles from one
+/// on.
 /// @param metersPerPixel of ground, above 0
+/// @return without width and text where not even a metre or a foot fits
 [[nodiscard]] ScaleBar scaleBar(double metersPerPixel, double greatestWidth, LengthUnits units);
 
 } // namespace ospra

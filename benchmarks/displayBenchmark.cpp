@@ -53,13 +53,14 @@ void BM_Zoom(benchmark::State& state)
     const auto series = buildChartData(tracks, imperial);
     const auto horizontal = buildHorizontalDistances(tracks, UnitSystem::imperial);
     const auto between = buildDistanceData(tracks, UnitSystem::imperial);
+    const auto paths = buildMapPaths(tracks);
     const Zoom zoom{.mode = ZoomMode::freefallAndCanopy,
                     .range = zoomRangeFor(ZoomMode::freefallAndCanopy, tracks, {})};
     for (auto _ : state) {
         benchmark::DoNotOptimize(cutChartData(tracks, series, {}, *zoom.range));
         benchmark::DoNotOptimize(cutHorizontalDistances(tracks, horizontal, {}, *zoom.range));
         benchmark::DoNotOptimize(cutDistanceData(tracks, between, {}, *zoom.range));
-        benchmark::DoNotOptimize(visibleMapSegments(tracks, {}, zoom));
+        benchmark::DoNotOptimize(visibleMapSegments(tracks, paths, {}, zoom));
         benchmark::DoNotOptimize(visibleMapRegion(tracks, {}, zoom.range));
     }
 }

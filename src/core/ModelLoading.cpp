@@ -45,6 +45,7 @@ void OspraModel::publishLoad(std::optional<ZoomMode> zoomMode, LoadResult result
     setChartData(std::move(result.chartData));
     m_distanceData = std::move(result.distanceData);
     m_horizontalDistanceData = std::move(result.horizontalDistanceData);
+    m_mapPaths = std::move(result.mapPaths);
     emit distanceDataChanged();
     setErrorMessage(std::nullopt);
     storeHoveredSeconds(std::nullopt);
@@ -63,6 +64,7 @@ void OspraModel::publishFailedLoad(std::string message)
     setChartData({});
     m_distanceData.clear();
     m_horizontalDistanceData.clear();
+    m_mapPaths.clear();
     emit distanceDataChanged();
     clearVisibleData();
     setErrorMessage(std::move(message));

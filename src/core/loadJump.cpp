@@ -67,6 +67,7 @@ LoadResult loadEntries(const LoadRequest& request, const std::stop_token& stop)
     result.chartData = buildChartData(result.tracks, request.units);
     result.horizontalDistanceData = buildHorizontalDistances(result.tracks, request.units.system);
     result.distanceData = buildDistanceData(result.tracks, request.units.system);
+    result.mapPaths = buildMapPaths(result.tracks);
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include "analysis/JumpTrack.h"
 #include "display/chartSeries.h"
 #include "display/distanceSeries.h"
+#include "display/mapData.h"
 #include "display/units.h"
 #include "library/JumpFileEntry.h"
 #include "library/Jumper.h"
@@ -27,7 +28,8 @@ struct LoadResult {
     std::vector<SeriesData> chartData{};
     HorizontalDistances horizontalDistanceData{};
     std::vector<CompanionDistanceData> distanceData{};
-    std::string errorMessage{}; ///< the user's text; empty unless the load failed
+    std::vector<std::vector<PhasePath>> mapPaths{}; ///< one for each phase of each track
+    std::string errorMessage{};                     ///< the user's text; empty unless the load failed
 };
 
 /// Reads, parses and analyses the logs, sets them on the time axis whose zero is the first sample of the first track,

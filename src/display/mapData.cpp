@@ -7,6 +7,7 @@
 #include <limits>
 #include <numbers>
 #include <numeric>
+#include <tuple>
 #include <utility>
 
 namespace ospra {
@@ -53,13 +54,13 @@ struct Extent {
     [[nodiscard]] double span() const { return std::max((greatest - least) * regionPadding, leastSpan); }
 };
 
-std::vector<Coordinate> pathOf(const JumpTrack& track, const JumpPhaseRange& phase)
+PhasePath pathOf(const JumpTrack& track, const JumpPhaseRange& phase)
 {
     std::vector<Coordinate> path;
     path.reserve(static_cast<std::size_t>(phase.endIndex - phase.startIndex + 1));
     for (std::ptrdiff_t i = phase.startIndex; i <= phase.endIndex; ++i)
         path.push_back(track.file.dataPoints[static_cast<std::size_t>(i)].coordinate);
-    return path;
+    return std::make_shared<const std::vector<Coordinate>>(std::move(path));
 }
 
 std::string segmentID(const JumpTrack& track, const JumpPhaseRange& phase)
@@ -95,7 +96,19 @@ Coordinate endOfJumpRun(Coordinate from, double towards)
     return {.latitude = latitude * 180.0 / std::numbers::pi, .longitude = longitude * 180.0 / std::numbers::pi};
 }
 
+bool samePlaces(const PhasePath& a, const PhasePath& b)
+{
+    return a == b || (a && b && *a == *b);
+}
+
 } // namespace
+
+bool operator==(const VisibleMapSegment& a, const VisibleMapSegment& b)
+{
+    return std::tie(a.id, a.phase, a.isPrimary, a.color, a.opacity) ==
+               std::tie(b.id, b.phase, b.isPrimary, b.color, b.opacity) &&
+           samePlaces(a.coordinates, b.coordinates);
+}
 
 double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zoom& zoom)
 {
@@ -111,22 +124,33 @@ double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zo
     return overlap / duration >= leastFocusedShare ? 1.0 : unfocused;
 }
 
-std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks, const TrackIDs& hidden,
+std::vector<std::vector<PhasePath>> buildMapPaths(std::span<const JumpTrack> tracks)
+{
+    std::vector<std::vector<PhasePath>> paths(tracks.size());
+    for (std::size_t i = 0; i < tracks.size(); ++i)
+        for (const JumpPhaseRange& phase : tracks[i].phases)
+            paths[i].push_back(pathOf(tracks[i], phase));
+    return paths;
+}
+
+std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks,
+                                                  std::span<const std::vector<PhasePath>> paths, const TrackIDs& hidden,
                                                   const Zoom& zoom)
 {
     std::vector<VisibleMapSegment> segments;
     const std::vector<const JumpTrack*> visible = visibleTracks(tracks, hidden);
     for (const JumpTrack* track : visible) {
-        for (const JumpPhaseRange& phase : track->phases) {
-            std::vector<Coordinate> path = pathOf(*track, phase);
-            if (path.size() < 2)
+        const std::vector<PhasePath>& trackPaths = paths[static_cast<std::size_t>(track - tracks.data())];
+        for (std::size_t i = 0; i < trackPaths.size(); ++i) {
+            if (trackPaths[i]->size() < 2)
                 continue;
+            const JumpPhaseRange& phase = track->phases[i];
             segments.push_back({.id = segmentID(*track, phase),
                                 .phase = phase.phase,
                                 .isPrimary = track == visible.front(),
                                 .color = track->jumperColor,
                                 .opacity = std::min(phaseOpacity(phase.phase), focusFactor(*track, phase, zoom)),
-                                .coordinates = std::move(path)});
+                                .coordinates = trackPaths[i]});
         }
     }
     return segments;

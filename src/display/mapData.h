@@ -6,6 +6,7 @@
 #include "platform/Color.h"
 #include "platform/Coordinate.h"
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -13,16 +14,20 @@
 
 namespace ospra {
 
+/// Every sample of a phase, in order. Shared, as a zoom changes the opacity of a path and never its places.
+using PhasePath = std::shared_ptr<const std::vector<Coordinate>>;
+
 /// The path of one phase of one track.
 struct VisibleMapSegment {
     std::string id{}; ///< the track's UUID, the phase's name, first and last index, with dashes; stable across zooms
     JumpPhase phase = JumpPhase::aircraft;
     bool isPrimary = false; ///< whether the track is the first of those that are not hidden
     Color color = Color::white;
-    double opacity = 1.0;                  ///< 0.2 to 1
-    std::vector<Coordinate> coordinates{}; ///< every sample of the phase, at least two
+    double opacity = 1.0;    ///< 0.2 to 1
+    PhasePath coordinates{}; ///< at least two; the same array from one rebuild to the next
 
-    friend bool operator==(const VisibleMapSegment&, const VisibleMapSegment&) = default;
+    /// Paths are equal if their places are; a shared one is not looked at.
+    friend bool operator==(const VisibleMapSegment& a, const VisibleMapSegment& b);
 };
 
 /// A part of the map, degrees.
@@ -46,8 +51,13 @@ struct JumpRunLine {
 /// a range drawn by hand covers at least a quarter of it; everything is without a zoom.
 [[nodiscard]] double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zoom& zoom);
 
+/// The paths of all tracks, one for each of their phases. Computed once per load.
+[[nodiscard]] std::vector<std::vector<PhasePath>> buildMapPaths(std::span<const JumpTrack> tracks);
+
 /// The paths of the tracks that are not hidden, in order, each whole: a zoom only dims what lies outside.
+/// @param paths of `tracks`, element by element
 [[nodiscard]] std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks,
+                                                                std::span<const std::vector<PhasePath>> paths,
                                                                 const TrackIDs& hidden, const Zoom& zoom);
 
 /// The region that holds all samples of the visible tracks within the range, with some room around. NaN and infinite

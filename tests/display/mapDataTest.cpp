@@ -27,10 +27,16 @@ JumpTrack shortJump()
     return track;
 }
 
+std::vector<VisibleMapSegment> segmentsOf(std::span<const JumpTrack> tracks, const TrackIDs& hidden = {},
+                                          const Zoom& zoom = {})
+{
+    return visibleMapSegments(tracks, buildMapPaths(tracks), hidden, zoom);
+}
+
 std::vector<double> opacities(const JumpTrack& track, const Zoom& zoom)
 {
     std::vector<double> result;
-    for (const VisibleMapSegment& segment : visibleMapSegments({&track, 1}, {}, zoom))
+    for (const VisibleMapSegment& segment : segmentsOf({&track, 1}, {}, zoom))
         result.push_back(segment.opacity);
     return result;
 }
@@ -38,21 +44,42 @@ std::vector<double> opacities(const JumpTrack& track, const Zoom& zoom)
 TEST(VisibleMapSegments, holdThePhasesWhole)
 {
     const std::vector<JumpTrack> tracks{shortJump(), shortJump()};
-    const auto segments = visibleMapSegments(tracks, {}, {.range = TimeRange{12.0, 13.0}});
+    const auto segments = segmentsOf(tracks, {}, {.range = TimeRange{12.0, 13.0}});
     ASSERT_EQ(segments.size(), 10u);
     EXPECT_EQ(segments[1].id, uuidString(tracks[0].id) + "-Freefall-1-2");
-    EXPECT_EQ(segments[1].coordinates, (std::vector<Coordinate>{{48.0, 8.0}, {49.0, 8.0}}));
+    EXPECT_EQ(*segments[1].coordinates, (std::vector<Coordinate>{{48.0, 8.0}, {49.0, 8.0}}));
     EXPECT_EQ(segments[1].color, Color::pink);
     EXPECT_TRUE(segments[4].isPrimary);
     EXPECT_FALSE(segments[5].isPrimary);
 
-    const auto companionOnly = visibleMapSegments(tracks, {tracks[0].id}, {});
+    const auto companionOnly = segmentsOf(tracks, {tracks[0].id});
     ASSERT_EQ(companionOnly.size(), 5u);
     EXPECT_TRUE(companionOnly[0].isPrimary);
 
     JumpTrack single = shortJump();
     single.phases = {{.phase = canopy, .startIndex = 3, .endIndex = 3}};
-    EXPECT_TRUE(visibleMapSegments({&single, 1}, {}, {}).empty());
+    EXPECT_TRUE(segmentsOf({&single, 1}).empty());
+}
+
+TEST(VisibleMapSegments, shareTheirPathsFromZoomToZoom)
+{
+    const std::vector<JumpTrack> tracks{shortJump()};
+    const auto paths = buildMapPaths(tracks);
+    const auto before = visibleMapSegments(tracks, paths, {}, {});
+    const auto after = visibleMapSegments(tracks, paths, {}, {.mode = ZoomMode::canopy});
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_EQ(before[i].coordinates, after[i].coordinates) << "not the same array";
+    EXPECT_NE(before[0], after[0]) << "dimmed";
+    EXPECT_EQ(before[3], after[3]);
+
+    // Another array with the same places is the same path, one with another place is not.
+    EXPECT_EQ(segmentsOf(tracks), before);
+    std::vector<JumpTrack> moved = tracks;
+    moved[0].file.dataPoints[2].coordinate.longitude += 1e-9;
+    const auto elsewhere = segmentsOf(moved);
+    EXPECT_EQ(elsewhere[0], before[0]);
+    EXPECT_NE(elsewhere[1], before[1]);
+    EXPECT_NE(elsewhere[2], before[2]);
 }
 
 TEST(VisibleMapSegments, dimWhatTheZoomLeavesOut)

@@ -221,7 +221,7 @@ void writeSegment(JsonWriter& json, const VisibleMapSegment& segment, const Ospr
     json.member("isPrimary", segment.isPrimary);
     writeColor(json, segment.color);
     json.member("opacity", segment.opacity);
-    writeList(json, "coordinates", segment.coordinates,
+    writeList(json, "coordinates", *segment.coordinates,
               [&](Coordinate coordinate) { writeCoordinate(json, coordinate); });
     json.endObject();
 }

@@ -1,0 +1,264 @@
+#include "tests/properties/Flights.h"
+
+#include "analysis/detectPhases.h"
+#include "tests/support/JumpBuilder.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace ospra::properties {
+
+namespace {
+
+constexpr double newYear2024 = 1'704'067'200.0; // s since 1970; 2024-01-01T00:00:00Z
+
+/// A little before or after midnight, at the turn of a year, or at any moment of forty years.
+double makeStart(Dice& dice)
+{
+    switch (dice.below(3)) {
+    case 0: return newYear2024 - static_cast<double>(dice.below(400));
+    case 1: return newYear2024 + 86'400.0 * static_cast<double>(dice.below(300)) - static_cast<double>(dice.below(600));
+    default: return static_cast<double>(dice.between(600'000'000, 1'900'000'000)) + dice.real(0.0, 1.0);
+    }
+}
+
+Samples flyJump(Dice& dice)
+{
+    constexpr std::array rates{1.0, 2.0, 4.0, 5.0, 5.0, 10.0, 25.0};
+    const double rate = dice.oneOf(rates);
+    const double opening = dice.real(60.0, rate > 5.0 ? 250.0 : 900.0); // high rates fly low, to keep logs small
+    const bool isHopAndPop = dice.oneIn(5);
+    constexpr std::array styles{FlightStyle::belly, FlightStyle::freefly, FlightStyle::wingsuit};
+    return makeJump({.rate = rate,
+                     .climbSeconds = dice.real(10.0, rate > 5.0 ? 30.0 : 150.0),
+                     .exitAltitude = opening + (isHopAndPop ? dice.real(20.0, 300.0) : dice.real(300.0, 3000.0)),
+                     .openingAltitude = opening,
+                     .groundElevation = dice.real(-20.0, 900.0),
+                     .groundSeconds = dice.real(0.0, 60.0 / rate + 5.0),
+                     .style = dice.oneOf(styles),
+                     .start = {.latitude = dice.real(-70.0, 70.0), .longitude = dice.real(-179.0, 179.0)},
+                     .startSeconds = makeStart(dice)});
+}
+
+/// Even flight at speeds that lie on the thresholds or beside them, all of them numbers that sums keep exact. North
+/// and east of 3:4 give whole total speeds.
+Samples flyLegs(Dice& dice)
+{
+    constexpr std::array sinks{-5.0, 0.0,  0.5,    0.75, 3.0,  5.0, 8.0,  10.0, 12.0,   14.75,
+                               15.0, 19.5, 19.984, 20.0, 20.5, 27., 28.0, 32.0, 40.625, 50.0};
+    constexpr std::array forwards{0.0, 0.25, 3.0, 5.0, 10.0, 15.0, 25.0, 50.0};
+    constexpr std::array accuracies{0.0, 0.5, 9.99, 10.0, 10.5, 3.0, 3.0, 3.0};
+    Samples samples;
+    double altitude = dice.real(0.0, 4000.0);
+    double time = makeStart(dice);
+    const double accuracy = dice.oneOf(accuracies);
+    for (std::ptrdiff_t legs = dice.between(1, 9); legs > 0; --legs) {
+        const double sink = dice.oneOf(sinks);
+        const double forward = dice.oneOf(forwards);
+        const bool isFlat = dice.oneIn(6); // of equal altitudes the earliest counts
+        for (std::ptrdiff_t i = dice.between(1, 45); i > 0; --i) {
+            samples.push_back({.id = makeUuid(),
+                               .time = {time},
+                               .coordinate = {.latitude = 46.0 + forward * 1e-6, .longitude = 8.0 + altitude * 1e-6},
+                               .altitudeMSL = altitude,
+                               .velocityNorth = forward * 0.6,
+                               .velocityEast = forward * 0.8,
+                               .velocityDown = sink,
+                               .horizontalAccuracy = 2.0,
+                               .verticalAccuracy = samples.size() < 15 ? dice.oneOf(accuracies) : accuracy});
+            altitude -= isFlat ? 0.0 : sink;
+            time += 1.0;
+        }
+    }
+    return samples;
+}
+
+/// Samples of one even movement: standing about, or riding up and down again in the aircraft.
+Samples ride(Dice& dice, double climb, double descent)
+{
+    Samples samples;
+    const std::ptrdiff_t count = dice.between(1, 500);
+    const double start = makeStart(dice);
+    double altitude = 450.0;
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        const double sink = i < count / 2 ? -climb : descent;
+        samples.push_back({.id = makeUuid(),
+                           .time = {start + static_cast<double>(i) / 5.0},
+                           .coordinate = {.latitude = 47.0, .longitude = 8.0 + static_cast<double>(i) * climb * 1e-5},
+                           .altitudeMSL = altitude,
+                           .velocityNorth = climb > 0.0 ? 45.0 : dice.real(-0.3, 0.3),
+                           .velocityDown = sink + dice.real(-0.2, 0.2),
+                           .horizontalAccuracy = 2.0,
+                           .verticalAccuracy = 3.0});
+        altitude -= sink / 5.0;
+    }
+    return samples;
+}
+
+Samples flySeveralJumps(Dice& dice)
+{
+    Samples all;
+    double start = makeStart(dice);
+    for (std::ptrdiff_t jumps = dice.between(2, 3); jumps > 0; --jumps) {
+        Samples jump = makeJump({.rate = 2.0,
+                                 .climbSeconds = 60.0,
+                                 .exitAltitude = dice.real(1500.0, 2500.0),
+                                 .openingAltitude = 600.0,
+                                 .startSeconds = start});
+        start = jump.back().time.seconds + dice.real(1.0, 4000.0);
+        all.insert(all.end(), jump.begin(), jump.end());
+    }
+    return all;
+}
+
+/// What the sensor adds, in the digits that loggers write.
+void addNoise(Dice& dice, Samples& samples)
+{
+    const double strength = dice.real(0.0, 3.0);
+    const auto written = [](double value, double digits) { return std::round(value * digits) / digits; };
+    for (FlySightDataPoint& sample : samples) {
+        sample.velocityNorth = written(sample.velocityNorth + dice.real(-strength, strength), 100.0);
+        sample.velocityEast = written(sample.velocityEast + dice.real(-strength, strength), 100.0);
+        sample.velocityDown = written(sample.velocityDown + dice.real(-strength, strength), 100.0);
+        sample.altitudeMSL = written(sample.altitudeMSL + dice.real(-strength, strength), 1000.0);
+        sample.coordinate.latitude = written(sample.coordinate.latitude, 1e7);
+        sample.coordinate.longitude = written(sample.coordinate.longitude, 1e7);
+    }
+}
+
+/// A fix that comes late or goes, at the values where it begins to count and ends.
+void worsenFix(Dice& dice, Samples& samples)
+{
+    constexpr std::array accuracies{0.0, 9.999, 10.0, 49.999, 50.0, 120.0};
+    const std::ptrdiff_t first = dice.oneIn(2) ? 0 : dice.below(std::ssize(samples));
+    const std::ptrdiff_t last = std::min(first + dice.below(120), std::ssize(samples) - 1);
+    for (std::ptrdiff_t i = first; i <= last; ++i) {
+        samples[static_cast<std::size_t>(i)].verticalAccuracy = dice.oneOf(accuracies);
+        samples[static_cast<std::size_t>(i)].horizontalAccuracy = dice.oneOf(accuracies);
+    }
+}
+
+void damageClock(Dice& dice, Samples& samples)
+{
+    for (std::ptrdiff_t times = dice.between(1, 3); times > 0; --times) {
+        const auto from = static_cast<std::size_t>(dice.below(std::ssize(samples)));
+        constexpr std::array shifts{-3600.0, -2.0, -0.2, 0.5, 1.5, 4.0, 60.0, 86'400.0};
+        const double shift = dice.oneOf(shifts);
+        const bool staysShifted = dice.oneIn(2);
+        for (std::size_t i = from; i < (staysShifted ? samples.size() : from + 1); ++i)
+            samples[i].time.seconds += shift;
+        if (from > 0 && dice.oneIn(2))
+            samples[from].time = samples[from - 1].time;
+    }
+}
+
+void damageValues(Dice& dice, Samples& samples)
+{
+    using Limits = std::numeric_limits<double>;
+    constexpr std::array values{Limits::quiet_NaN(),
+                                -Limits::quiet_NaN(),
+                                Limits::infinity(),
+                                -Limits::infinity(),
+                                Limits::max(),
+                                Limits::lowest(),
+                                -0.0,
+                                1e18};
+    constexpr std::array fields{&FlySightDataPoint::altitudeMSL,        &FlySightDataPoint::velocityNorth,
+                                &FlySightDataPoint::velocityEast,       &FlySightDataPoint::velocityDown,
+                                &FlySightDataPoint::horizontalAccuracy, &FlySightDataPoint::verticalAccuracy};
+    for (std::ptrdiff_t times = dice.between(1, 20); times > 0; --times) {
+        FlySightDataPoint& sample = samples[static_cast<std::size_t>(dice.below(std::ssize(samples)))];
+        if (dice.oneIn(5))
+            (dice.oneIn(2) ? sample.coordinate.latitude : sample.coordinate.longitude) = dice.oneOf(values);
+        else
+            sample.*dice.oneOf(fields) = dice.oneOf(values);
+    }
+    if (dice.oneIn(8))
+        for (FlySightDataPoint& sample : samples)
+            sample.*dice.oneOf(fields) = dice.oneOf(values);
+}
+
+Samples flyAnything(Dice& dice)
+{
+    switch (dice.below(10)) {
+    case 0: return flySeveralJumps(dice);
+    case 1: return ride(dice, 0.0, 0.0);
+    case 2: return ride(dice, 5.0, dice.real(2.0, 8.0));
+    case 3: {
+        Samples samples = flyJump(dice);
+        samples.resize(static_cast<std::size_t>(dice.between(1, std::min<std::ptrdiff_t>(40, std::ssize(samples)))));
+        return samples;
+    }
+    case 4:
+    case 5:
+    case 6: return flyLegs(dice);
+    default: return flyJump(dice);
+    }
+}
+
+} // namespace
+
+Samples makeFlight(Dice& dice, Damage damage)
+{
+    Samples samples = flyAnything(dice);
+    if (dice.oneIn(3))
+        addNoise(dice, samples);
+    if (dice.oneIn(3))
+        worsenFix(dice, samples);
+    if (dice.oneIn(6)) // a log that was cut off
+        samples.resize(static_cast<std::size_t>(dice.between(1, std::ssize(samples))));
+    if (damage != Damage::none && dice.oneIn(2))
+        damageClock(dice, samples);
+    if (damage == Damage::values)
+        damageValues(dice, samples);
+    return samples;
+}
+
+std::vector<JumpTrack> makeTracks(Dice& dice, Damage damage)
+{
+    constexpr std::array colors{Color::white, Color::yellow, Color::cyan, Color::pink};
+    std::vector<JumpTrack> tracks;
+    for (std::ptrdiff_t count = dice.between(1, 4); count > 0; --count) {
+        Samples samples = makeFlight(dice, damage);
+        if (!tracks.empty() && dice.oneIn(2)) { // the same jump, seen from beside and by another clock
+            samples = tracks.front().file.dataPoints;
+            for (FlySightDataPoint& sample : samples) {
+                sample.time.seconds += dice.oneIn(3) ? 0.5 : 0.25;
+                sample.coordinate.latitude += 1e-4;
+                sample.altitudeMSL += 3.0;
+            }
+        } else if (!tracks.empty()) { // another jump at about the same time
+            const double shift = tracks.front().file.dataPoints.front().time.seconds - samples.front().time.seconds +
+                                 static_cast<double>(dice.between(-80, 80)) / 2.0;
+            for (FlySightDataPoint& sample : samples)
+                sample.time.seconds += shift;
+        }
+        JumpTrack track =
+            makeTrack(std::move(samples), "Jumper " + std::to_string(tracks.size()), colors[tracks.size()]);
+        const Instant zero =
+            tracks.empty() ? track.file.dataPoints.front().time : tracks.front().file.dataPoints.front().time;
+        for (std::size_t i = 0; i < track.elapsed.size(); ++i)
+            track.elapsed[i] = track.file.dataPoints[i].time.seconds - zero.seconds;
+        tracks.push_back(std::move(track));
+    }
+    return tracks;
+}
+
+double makeMoment(Dice& dice, std::span<const JumpTrack> tracks)
+{
+    const std::vector<double>& elapsed = dice.oneOf(tracks).elapsed;
+    const std::ptrdiff_t i = dice.below(std::ssize(elapsed));
+    const double at = elapsed[static_cast<std::size_t>(i)];
+    const double next = elapsed[static_cast<std::size_t>(std::min(i + 1, std::ssize(elapsed) - 1))];
+    switch (dice.below(5)) {
+    case 0: return at;
+    case 1: return (at + next) / 2.0;
+    case 2: return at + (dice.oneIn(2) ? 2.0 : -2.0);
+    case 3: return dice.oneIn(2) ? elapsed.front() - 1.0 : elapsed.back() + 1.75;
+    default: return dice.real(elapsed.front() - 10.0, elapsed.back() + 10.0);
+    }
+}
+
+} // namespace ospra::properties

@@ -42,14 +42,15 @@ Samples flyJump(Dice& dice)
                      .startSeconds = makeStart(dice)});
 }
 
-/// Even flight at speeds that lie on the thresholds or beside them, all of them numbers that sums keep exact. North
-/// and east of 3:4 give whole total speeds.
+/// Even flight at speeds that lie on the thresholds or beside them, all of them numbers that sums keep exact. Legs that
+/// do not sink have a total speed that is exact as well, and its falls are those that the detection asks for.
 Samples flyLegs(Dice& dice)
 {
-    constexpr std::array sinks{-5.0, 0.0,  0.5,    0.75, 3.0,  5.0, 8.0,  10.0, 12.0,   14.75,
-                               15.0, 19.5, 19.984, 20.0, 20.5, 27., 28.0, 32.0, 40.625, 50.0};
-    constexpr std::array forwards{0.0, 0.25, 3.0, 5.0, 10.0, 15.0, 25.0, 50.0};
+    constexpr std::array sinks{-5.0,  0.0,  0.0,  0.0,  0.5,    0.50390625, 3.0,  5.0,  8.0,  10.0,   12.0,
+                               12.03, 14.9, 15.0, 19.5, 19.984, 20.0,       20.1, 20.5, 28.0, 40.625, 50.0};
+    constexpr std::array forwards{0.0, 0.0, 0.25, 3.0, 5.0, 10.0, 25.0, 30.0, 31.0, 36.0, 40.0, 49.0, 49.3, 60.0, 75.0};
     constexpr std::array accuracies{0.0, 0.5, 9.99, 10.0, 10.5, 3.0, 3.0, 3.0};
+    const bool isDiagonal = dice.oneIn(2);
     Samples samples;
     double altitude = dice.real(0.0, 4000.0);
     double time = makeStart(dice);
@@ -63,8 +64,8 @@ Samples flyLegs(Dice& dice)
                                .time = {time},
                                .coordinate = {.latitude = 46.0 + forward * 1e-6, .longitude = 8.0 + altitude * 1e-6},
                                .altitudeMSL = altitude,
-                               .velocityNorth = forward * 0.6,
-                               .velocityEast = forward * 0.8,
+                               .velocityNorth = isDiagonal ? forward * 0.6 : forward,
+                               .velocityEast = isDiagonal ? forward * 0.8 : 0.0,
                                .velocityDown = sink,
                                .horizontalAccuracy = 2.0,
                                .verticalAccuracy = samples.size() < 15 ? dice.oneOf(accuracies) : accuracy});

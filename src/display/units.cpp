@@ -12,6 +12,8 @@ std::string fixed(double value, int decimals)
     // The longest number has a sign, 309 digits, a point and its decimals.
     constexpr int mostDecimals = 64;
     assert(decimals >= 0 && decimals <= mostDecimals);
+    if (std::isnan(value)) // its sign is chance: infinity less infinity bears one on some processors only
+        return "nan";
     std::array<char, 311 + mostDecimals> text{};
     const auto result =
         std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);

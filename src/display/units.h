@@ -48,7 +48,7 @@ inline constexpr double mphPerMetrePerSecond = 2.23694;
 }
 
 /// A number with a fixed count of decimals as C's "%.*f" prints it in the C locale: a point, no grouping, round half
-/// to even of the exact value, "-0" kept, "inf", "-inf", "nan" and "-nan".
+/// to even of the exact value, "-0" kept, "inf" and "-inf"; but "nan" whatever its sign.
 /// @param decimals 0 to 64
 [[nodiscard]] std::string fixed(double value, int decimals);
 

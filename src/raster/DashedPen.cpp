@@ -6,6 +6,8 @@
 namespace ospra {
 namespace {
 
+constexpr double leastBend = 0.15; // px; a line that bends by less is straight
+
 /// Two values of one coordinate.
 struct Ends {
     double lo = 0.0;
@@ -103,32 +105,61 @@ void DashedPen::dashTo(PixelPoint from, PixelPoint to, double length)
 }
 
 /// Adds a piece of the path to the stroke in hand if that stays straight but for a fraction of a pixel, or else begins
-/// a stroke with it. Few long strokes cost less than many short ones; and a dash of short ones would reach beyond its
-/// ends, since each vertex is drawn as a round corner.
+/// a stroke with it. Few long strokes cost less than many short ones. Near the ends of a dash all is taken for
+/// straight: the round corner at a vertex would reach beyond the end otherwise.
 void DashedPen::extend(PixelPoint from, PixelPoint to, bool isDashStart)
 {
-    constexpr double leastBend = 0.15; // px
     const bool goesOn = m_isDown && !isDashStart && from.x == m_end.x && from.y == m_end.y;
-    if (goesOn && to.x > from.x) {
-        const double perPixel = 1.0 / (to.x - m_start.x);
-        const double slope = (to.y - m_start.y) * perPixel;
-        if (slope >= m_leastSlope && slope <= m_greatestSlope) {
+    if (goesOn) {
+        const bool isDot = m_start.x == m_end.x && m_start.y == m_end.y;
+        const double halfWidth = m_mask.reach();
+        if (isDot || (m_period > 0.0 && (m_phase < halfWidth || m_phase > m_on - halfWidth))) {
             m_end = to;
-            m_leastSlope = std::max(m_leastSlope, slope - leastBend * perPixel);
-            m_greatestSlope = std::min(m_greatestSlope, slope + leastBend * perPixel);
+            aim();
             return;
         }
+        if ((to.x == from.x && to.y == from.y) || extendsStraight(to))
+            return;
     }
-    lift(goesOn ? StrokeEnd::joined : StrokeEnd::round);
+    // Where the line turns back, neither stroke draws the other's columns, so both need their round ends whole.
+    const bool isJoined = goesOn && (to.x - from.x) * (m_end.x - m_start.x) >= 0.0;
+    lift(isJoined ? StrokeEnd::joined : StrokeEnd::round);
     m_isDown = true;
-    m_startsAs = isDashStart ? StrokeEnd::flat : goesOn ? StrokeEnd::joined : StrokeEnd::round;
+    m_startsAs = isDashStart ? StrokeEnd::flat : isJoined ? StrokeEnd::joined : StrokeEnd::round;
     m_start = from;
     m_end = to;
-    const double dx = to.x - from.x;
-    const double perPixel = 1.0 / dx;
-    const double slope = (to.y - from.y) * perPixel;
-    m_leastSlope = dx > 0.0 ? slope - leastBend * perPixel : 1.0; // the empty range: nothing goes on straight
-    m_greatestSlope = dx > 0.0 ? slope + leastBend * perPixel : 0.0;
+    aim();
+}
+
+/// Lengthens the stroke in hand to a point that lies onwards and within the slopes that its points leave it.
+bool DashedPen::extendsStraight(PixelPoint to)
+{
+    const double onwards = m_isUpright ? to.y - m_end.y : to.x - m_end.x;
+    const double before = m_isUpright ? m_end.y - m_start.y : m_end.x - m_start.x;
+    if (!(onwards * before > 0.0))
+        return false;
+    const double along = before + onwards;
+    const double slope = (m_isUpright ? to.x - m_start.x : to.y - m_start.y) / along;
+    if (!(slope >= m_leastSlope && slope <= m_greatestSlope))
+        return false;
+    const double bend = leastBend / std::abs(along);
+    m_end = to;
+    m_leastSlope = std::max(m_leastSlope, slope - bend);
+    m_greatestSlope = std::min(m_greatestSlope, slope + bend);
+    return true;
+}
+
+/// Finds out which way the stroke in hand goes, and which slopes further points may have.
+void DashedPen::aim()
+{
+    const double dx = m_end.x - m_start.x;
+    const double dy = m_end.y - m_start.y;
+    m_isUpright = std::abs(dy) > std::abs(dx);
+    const double along = m_isUpright ? dy : dx;
+    const double slope = along != 0.0 ? (m_isUpright ? dx : dy) / along : 0.0;
+    const double bend = along != 0.0 ? leastBend / std::abs(along) : 0.0;
+    m_leastSlope = slope - bend;
+    m_greatestSlope = slope + bend;
 }
 
 void DashedPen::lift(StrokeEnd endsAs)

@@ -35,6 +35,8 @@ private:
     [[nodiscard]] Portion visiblePortion(PixelPoint from, PixelPoint to) const;
     void dashTo(PixelPoint from, PixelPoint to, double length);
     void extend(PixelPoint from, PixelPoint to, bool isDashStart);
+    [[nodiscard]] bool extendsStraight(PixelPoint to);
+    void aim();
     void lift(StrokeEnd endsAs);
     [[nodiscard]] bool isNear(PixelPoint point) const
     {
@@ -55,6 +57,7 @@ private:
     StrokeEnd m_startsAs = StrokeEnd::round;
     PixelPoint m_start;
     PixelPoint m_end;
+    bool m_isUpright = false;  // the slopes are x over y instead of y over x
     double m_leastSlope = 0.0; // what further points may have, seen from the start, for the stroke to stay straight
     double m_greatestSlope = 0.0;
 };

@@ -47,10 +47,11 @@ struct VectorTile {
     std::vector<TileRoadName> roadNames{};
 };
 
-/// Reads a tile of the Mapbox vector tile format, version 2, in the OpenMapTiles schema: the layers `transportation`,
-/// `place` and `transportation_name`; other layers and fields are skipped. Bounded in time and memory whatever the
-/// bytes.
-/// @return absent where the bytes are no such tile
+/// Reads a tile of the Mapbox vector tile format in the OpenMapTiles schema: the layers `transportation`, `place` and
+/// `transportation_name`; other layers and fields are skipped, as are layers of versions above 2. Of a name the form in
+/// Latin letters is taken where there is one; names that are not UTF-8 or longer than 200 bytes count as missing.
+/// Takes time in proportion to the bytes, and memory of at most some fifty times theirs.
+/// @return absent where the bytes are no such tile, or a part of it is broken, or they are more than 8 MB
 [[nodiscard]] std::optional<VectorTile> decodeVectorTile(std::string_view bytes);
 
 } // namespace ospra

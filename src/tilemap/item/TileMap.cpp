@@ -1,0 +1,242 @@
+#include "tilemap/item/TileMap.h"
+
+#include "tilemap/PathLayer.h"
+#include "tilemap/item/MapNode.h"
+
+#include <QQuickWindow>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace ospra {
+namespace {
+
+constexpr double framePadding = 40.0;      // logical px, so that what stands at a place is not cut off
+constexpr double highestFramedZoom = 18.0; // closer there is nothing to see
+constexpr double glideReach = 4.0;         // view sizes; a camera further off is jumped to
+
+/// Draws paths on the layer's thread, where what it has worked out for them stays.
+LayerPainter::Paint pathPaint(std::shared_ptr<PathLayer> layer, std::vector<MapPath> paths)
+{
+    return [layer = std::move(layer), paths = std::move(paths)](const LayerFrame& frame) {
+        QImage image(frame.columns, frame.rows, QImage::Format_ARGB32_Premultiplied);
+        if (image.isNull())
+            return image;
+        const auto stride = static_cast<std::ptrdiff_t>(image.bytesPerLine() / 4);
+        auto* const pixels = reinterpret_cast<std::uint32_t*>(image.bits());
+        layer->draw(paths, frame, {pixels, static_cast<std::size_t>(stride * frame.rows)}, stride);
+        return image;
+    };
+}
+
+} // namespace
+
+TileMap::TileMap(QQuickItem* parent)
+    : QQuickItem(parent), m_pathLayer(std::make_shared<PathLayer>()), m_paths([this] {
+          update();
+          emit pathRasterCountChanged();
+      })
+{
+    setFlag(ItemHasContents);
+    setClip(true);
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptTouchEvents(true);
+    m_time.start();
+    connect(this, &TileMap::looksChanged, this, &QQuickItem::update);
+}
+
+TileMap::~TileMap() = default;
+
+void TileMap::setContent(const MapContent& content)
+{
+    if (m_content == content)
+        return;
+    const bool isOther = !sharePath(m_content, content);
+    const bool hasOtherPaths = m_content.paths != content.paths;
+    m_content = content;
+    if (isOther)
+        m_paths.clear(); // it would stand below what belongs to the new one
+    if (hasOtherPaths && !m_content.paths.empty())
+        m_paths.setContent(pathPaint(m_pathLayer, m_content.paths));
+    if (!m_region && !m_isTouched)
+        aim(AimChange::abrupt);
+    polish();
+    update();
+    emit contentChanged();
+}
+
+void TileMap::setCamera(const Camera& camera)
+{
+    takeInHand();
+    moveTo(camera);
+}
+
+double TileMap::scale() const
+{
+    return window() != nullptr ? window()->effectiveDevicePixelRatio() : 1.0;
+}
+
+ViewPace TileMap::pace() const
+{
+    return m_motion.isMoving() || m_fingersApart > 0.0 || m_zoomRest.isActive() ? ViewPace::zooming : ViewPace::settled;
+}
+
+void TileMap::moveTo(const Camera& camera)
+{
+    const Camera moved = constrained(camera);
+    if (moved == m_camera)
+        return;
+    m_camera = moved;
+    viewHasChanged();
+}
+
+void TileMap::viewHasChanged()
+{
+    polish();
+    update();
+    emit viewChanged();
+}
+
+void TileMap::showRegion(qreal latitude, qreal longitude, qreal latitudeDelta, qreal longitudeDelta)
+{
+    const std::optional<WorldPoint> northWest =
+        worldPoint({.latitude = latitude + latitudeDelta / 2.0, .longitude = longitude - longitudeDelta / 2.0});
+    const std::optional<WorldPoint> southEast =
+        worldPoint({.latitude = latitude - latitudeDelta / 2.0, .longitude = longitude + longitudeDelta / 2.0});
+    if (!northWest || !southEast)
+        return;
+    m_region = WorldRect{northWest->x, northWest->y, southEast->x, southEast->y};
+    m_isTouched = false;
+    aim(AimChange::gentle);
+}
+
+void TileMap::frameContent()
+{
+    m_region.reset();
+    m_isTouched = false;
+    aim(AimChange::gentle);
+}
+
+/// The camera is brought to the aim before the next frame, when everything that changes together has changed.
+void TileMap::aim(AimChange change)
+{
+    if (m_aimDue != AimChange::gentle)
+        m_aimDue = change;
+    polish();
+}
+
+std::optional<Camera> TileMap::aimedCamera()
+{
+    if (m_region)
+        return cameraFraming(*m_region, width(), height(), 0.0, highestFramedZoom);
+    const std::optional<WorldRect> bounds = m_bounds.of(m_content);
+    if (!bounds)
+        return std::nullopt;
+    return cameraFraming(*bounds, width(), height(), framePadding, highestFramedZoom);
+}
+
+bool TileMap::isNear(const Camera& camera) const
+{
+    const ViewPoint middle = view().pixelAt(camera.center);
+    return std::abs(middle.x - width() / 2.0) < glideReach * width() &&
+           std::abs(middle.y - height() / 2.0) < glideReach * height();
+}
+
+void TileMap::followAim()
+{
+    if (!m_aimDue || !hasRoom())
+        return;
+    const AimChange change = *std::exchange(m_aimDue, std::nullopt);
+    const std::optional<Camera> camera = aimedCamera();
+    if (!camera)
+        return; // nothing to see: the camera waits for something
+    const bool jumps = std::exchange(m_jumpsToAim, false) || m_cameraDuration <= 0 || !isNear(*camera);
+    if (!jumps && change == AimChange::abrupt && m_motion.target()) {
+        m_motion.redirect(*camera);
+        return;
+    }
+    m_motion.stop();
+    if (jumps || change == AimChange::abrupt) {
+        moveTo(*camera);
+        return;
+    }
+    if (*camera == m_camera)
+        return;
+    m_motion.glide(m_camera, *camera, m_cameraDuration / 1e3);
+    startMotion();
+}
+
+void TileMap::startMotion()
+{
+    if (!m_motion.isMoving())
+        return;
+    m_clock.stop();
+    m_clockTime = 0;
+    m_clock.start();
+}
+
+void TileMap::tick(int milliseconds)
+{
+    const double seconds = (milliseconds - std::exchange(m_clockTime, milliseconds)) / 1e3;
+    if (m_motion.isMoving() && seconds > 0.0)
+        moveTo(m_motion.advance(view(), seconds));
+    if (!m_motion.isMoving()) {
+        m_clock.stop();
+        polish();
+    }
+}
+
+void TileMap::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() == oldGeometry.size())
+        return;
+    if (!m_isTouched)
+        aim(AimChange::abrupt);
+    viewHasChanged();
+}
+
+void TileMap::itemChange(ItemChange change, const ItemChangeData& data)
+{
+    if (change == ItemVisibleHasChanged && !data.boolValue)
+        m_jumpsToAim = true;
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
+        polish();
+    QQuickItem::itemChange(change, data);
+}
+
+void TileMap::componentComplete()
+{
+    QQuickItem::componentComplete();
+    aim(AimChange::abrupt);
+}
+
+void TileMap::updatePolish()
+{
+    if (!isComponentComplete())
+        return;
+    followAim();
+    m_paths.follow(view(), scale(), pace());
+}
+
+QSGNode* TileMap::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*data*/)
+{
+    if (!hasRoom()) {
+        delete oldNode;
+        return nullptr;
+    }
+    auto* node = static_cast<MapNode*>(oldNode);
+    if (node == nullptr)
+        node = new MapNode(window());
+    const MapView shown = view();
+    const PixelGrid pixels{.corner = mapToScene(QPointF()), .scale = scale()};
+    const QRectF ground = boundingRect();
+    node->setGround(ground, m_groundColor);
+    node->setGrid(gridLines(shown), ground, pixels, m_gridColor);
+    const LayerPicture& paths = m_paths.picture();
+    node->paths().show(window(), paths.image, m_paths.pictureCount(), pixels.moved(placeOf(paths.frame, shown)));
+    return node;
+}
+
+} // namespace ospra

@@ -186,7 +186,7 @@ void CoverageMask::strokeSegment(PixelPoint a, PixelPoint b, StrokeEnd startsAs,
     const double right = std::max(a.x, b.x);
     // Where a stroke is not steep and the next one begins, each draws the columns on its own side, round end included.
     // The edges of a wide stroke would not meet there after a bend, unless it is nearly level.
-    const bool isGentle = std::abs(dy) * std::max(m_reach - 1.0, 1.0) <= std::abs(dx);
+    const bool isGentle = std::abs(dy) * std::max(2.0 * (m_reach - 1.0), 1.0) <= std::abs(dx);
     const auto columnsBeyond = [&](StrokeEnd strokeEnd) {
         return strokeEnd == StrokeEnd::joined && isGentle ? 0.0 : m_reach;
     };

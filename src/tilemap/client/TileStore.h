@@ -7,7 +7,10 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
+#include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace ospra {
@@ -25,6 +28,10 @@ struct TileStoreOptions {
     QByteArray userAgent{};                 ///< name and version, as the givers of tiles ask for it
     qint64 cacheLimit = qint64{512} << 20;  ///< bytes on disk
     qint64 memoryLimit = qint64{128} << 20; ///< bytes of decoded tiles
+    /// Reads the bytes of a vector tile, on any thread; null where they are none. Without it there are no vector tiles.
+    std::function<std::shared_ptr<const VectorTile>(std::string_view)> decodeVector{};
+    /// What all waiting is counted in: a second. Tests shorten it.
+    std::chrono::milliseconds waitUnit{1000};
 };
 
 /// Brings tiles from cache and network and keeps those last used. Everything that waits for a disk, a network or a

@@ -143,7 +143,7 @@ constexpr std::array networks{
     Network{"primary", 10, true, 2, 1.0, "B"},  Network{"primary", 10, false, 2, 1.0, "B"},
     Network{"secondary", 11, true, 1, 0.7, {}}, Network{"secondary", 11, false, 1, 0.6, {}},
     Network{"tertiary", 12, true, 1, 0.6, {}},  Network{"tertiary", 13, false, 1, 0.6, {}},
-    Network{"rail", 9, false, 3, 1.0, {}},      Network{"minor", 14, true, 1, 0.4, {}},
+    Network{"rail", 9, false, 3, 1.0, {}},      Network{"minor", 14, true, 1, 0.6, {}},
     Network{"track", 15, false, 1, 0.5, {}},
 };
 
@@ -166,8 +166,8 @@ void addNetwork(SampleCountry& country, const Network& network)
 /// The streets round a village: a slightly turned grid.
 void addStreets(SampleCountry& country, int level, int x, int y)
 {
-    constexpr int half = 4;
-    constexpr double spacing = 0x1p-14 / 14.0; // about 150 m
+    constexpr int half = 6;
+    constexpr double spacing = 0x1p-14 / 16.0; // about 100 m
     const WorldPoint middle = nodeOf(level, x, y);
     const double turn = chance(level, x, y, 8);
     const auto corner = [&](double column, double row) {
@@ -186,7 +186,7 @@ void addVillages(SampleCountry& country, int zoom)
 {
     constexpr int level = 13;
     country.forCells(level, [&](int x, int y) {
-        if (chance(level, x, y, 10) > 0.45)
+        if (chance(level, x, y, 10) > 0.7)
             return;
         country.addPlace(chance(level, x, y, 11) > 0.5 ? "village" : "hamlet", level, x, y, 10);
         if (zoom >= 13)

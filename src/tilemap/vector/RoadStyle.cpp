@@ -10,7 +10,7 @@ namespace {
 struct ClassLook {
     double lowestZoom = 0.0;
     double widthAtZoom14 = 1.0;
-    double growth = 1.0; ///< of the width with each step of zoom
+    double growth = 1.0; ///< of the width with each step of zoom beyond that
     double casing = 0.0; ///< on each side
     std::uint32_t color = 0xffffff;
     DashPattern dash{};
@@ -60,7 +60,9 @@ RoadStyle roadStyle(RoadClass roadClass, bool isRamp, bool isTunnel, double zoom
     constexpr double shareInTunnels = 0.6;
     constexpr double casingFromZoom = 9.0; // below it a casing would be most of what is seen
     const ClassLook look = lookOf(roadClass);
-    const double grown = look.widthAtZoom14 * std::pow(look.growth, zoom - 14.0) * (isRamp ? widthOfRamps : 1.0);
+    constexpr double growthBelowZoom14 = 1.2; // slow, or nothing would be left of them where the ground is far
+    const double growth = zoom < 14.0 ? growthBelowZoom14 : look.growth;
+    const double grown = look.widthAtZoom14 * std::pow(growth, zoom - 14.0) * (isRamp ? widthOfRamps : 1.0);
     RoadStyle style{.width = std::max(grown, leastWidth), .color = look.color, .dash = look.dash};
     if (isTunnel)
         style.color = darkened(look.color, shareInTunnels);

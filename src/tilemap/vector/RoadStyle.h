@@ -29,7 +29,7 @@ inline constexpr std::array roadClassesFromBelow{
 
 /// The opacity of a line in white; the casing's, which is black. What lies between in lightness lies between in
 /// opacity too. All roads together are one layer that is see-through, so that crossings do not show as denser spots.
-constexpr double roadLineOpacity = 0.55;
+constexpr double roadLineOpacity = 0.6;
 constexpr double roadCasingOpacity = 0.3;
 
 } // namespace ospra

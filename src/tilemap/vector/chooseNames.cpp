@@ -22,7 +22,7 @@ PlaceLook lookOf(PlaceClass placeClass)
     case PlaceClass::country: return {0.0, 6.5, 1.15};
     case PlaceClass::state: return {4.5, 8.0, 1.0};
     case PlaceClass::city: return {4.0, 99.0, 1.25};
-    case PlaceClass::town: return {8.0, 99.0, 1.0};
+    case PlaceClass::town: return {8.5, 99.0, 1.0};
     case PlaceClass::village: return {10.5, 99.0, 0.9};
     case PlaceClass::suburb: return {11.5, 99.0, 0.88};
     case PlaceClass::hamlet: return {12.5, 99.0, 0.85};
@@ -39,18 +39,13 @@ bool isNamed(RoadClass roadClass)
     return roadClass <= RoadClass::tertiary;
 }
 
-bool isNear(PixelPoint point, const LayerFrame& frame)
-{
-    const double reach = margin * frame.scale;
-    return point.x >= -reach && point.x <= frame.columns + reach && point.y >= -reach && point.y <= frame.rows + reach;
-}
-
 void addPlaces(std::vector<MapName>& names, const VectorTile& tile, const TileSquare& square, const LayerFrame& frame)
 {
     for (const TilePlace& place : tile.places) {
         const PlaceLook look = lookOf(place.placeClass);
         const PixelPoint point = square.pixelAt(place.point);
-        if (frame.camera.zoom < look.lowestZoom || frame.camera.zoom >= look.highestZoom || !isNear(point, frame))
+        if (frame.camera.zoom < look.lowestZoom || frame.camera.zoom >= look.highestZoom ||
+            !countsForNames(point, frame))
             continue;
         names.push_back({.text = place.name,
                          .size = look.size,
@@ -71,7 +66,7 @@ void addRoadNames(std::vector<MapName>& names, const VectorTile& tile, const Til
         line.reserve(road.points.size());
         for (const TilePoint& point : road.points)
             line.push_back(square.pixelAt(point));
-        if (std::none_of(line.begin(), line.end(), [&](PixelPoint point) { return isNear(point, frame); }))
+        if (std::none_of(line.begin(), line.end(), [&](PixelPoint point) { return countsForNames(point, frame); }))
             continue;
         names.push_back({.text = road.name,
                          .size = sizeOfRoadNames,
@@ -82,6 +77,12 @@ void addRoadNames(std::vector<MapName>& names, const VectorTile& tile, const Til
 }
 
 } // namespace
+
+bool countsForNames(PixelPoint point, const LayerFrame& frame)
+{
+    const double reach = margin * frame.scale;
+    return point.x >= -reach && point.x <= frame.columns + reach && point.y >= -reach && point.y <= frame.rows + reach;
+}
 
 std::vector<MapName> chooseNames(std::span<const PlacedVectorTile> tiles, const LayerFrame& frame)
 {

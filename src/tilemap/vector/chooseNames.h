@@ -19,6 +19,9 @@ struct MapName {
     std::vector<PixelPoint> line{}; ///< along which it stands; the one point at which, of a place
 };
 
+/// Whether a point lies in the picture, or so near that a name there may take room in it.
+[[nodiscard]] bool countsForNames(PixelPoint point, const LayerFrame& frame);
+
 /// The names that are shown at the frame's zoom, the most important first, and among equals in an order that does not
 /// depend on where the picture lies. Names some way outside the picture are among them, since they take their room
 /// too. At most some thousand.

@@ -18,7 +18,7 @@ namespace {
 
 // Logical pixels.
 constexpr double haloReach = 1.25; // beyond the letters
-constexpr double labelMargin = 6.0;
+constexpr double labelMargin = 9.0;
 constexpr double leastRepeatOfPlaces = 120.0;
 constexpr double leastRepeatOfRoads = 250.0;
 constexpr double spotStep = 60.0; // between places along a line that are tried
@@ -49,8 +49,9 @@ QFont fontOf(const QFont& base, const Label& label, double scale)
     return font;
 }
 
-void addBoxes(Candidates& candidates, const MapName& name, const QFont& base, double scale)
+void addBoxes(Candidates& candidates, const MapName& name, const LayerFrame& frame, const QFont& base)
 {
+    const double scale = frame.scale;
     // Line breaks and the like in a name would stand as boxes.
     Label label{.text = QString::fromUtf8(name.text.data(), static_cast<qsizetype>(name.text.size())).simplified(),
                 .size = name.size,
@@ -71,7 +72,8 @@ void addBoxes(Candidates& candidates, const MapName& name, const QFont& base, do
         for (const LineSpot& spot : straightSpots(name.line, room, spotStep * scale, 0.25 * metrics.ascent())) {
             box.center = spot.center;
             box.angle = spot.angle;
-            add();
+            if (countsForNames(spot.center, frame))
+                add();
         }
     } else {
         add();
@@ -119,7 +121,7 @@ QImage paintOverlay(std::span<const PlacedVectorTile> tiles, const LayerFrame& f
     Candidates candidates;
     for (const MapName& name : chooseNames(tiles, frame)) {
         if (candidates.boxes.size() < mostBoxes)
-            addBoxes(candidates, name, font, frame.scale);
+            addBoxes(candidates, name, frame, font);
     }
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -228,7 +228,7 @@ void expectSound(const VectorTile& tile, std::size_t bytes)
 
 TEST(VectorTile, bearsDamagedTiles)
 {
-    const std::string whole = sampleVectorTile({14, 8529, 5975});
+    const std::string whole = sampleVectorTile({14, 8524, 5974});
     ASSERT_GT(decodeVectorTile(whole).value().roads.size(), 20U);
     std::mt19937 random(11);
     int read = 0;

@@ -1,0 +1,160 @@
+#include "tilemap/vector/paintOverlay.h"
+
+#include "tests/support/sampleVectorTile.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <thread>
+
+namespace ospra {
+namespace {
+
+constexpr TileID middleTile{14, 8192, 8192};
+
+QFont font()
+{
+    QFont inter("Inter");
+    inter.setPixelSize(13);
+    return inter;
+}
+
+LayerFrame frameAt(double zoom, double scale = 1.0)
+{
+    return {.camera = {.center = {0.5, 0.5}, .zoom = zoom},
+            .columns = static_cast<int>(400 * scale),
+            .rows = static_cast<int>(300 * scale),
+            .scale = scale};
+}
+
+PlacedVectorTile placed(const TileID& tile, VectorTile features)
+{
+    return {tile, std::make_shared<const VectorTile>(std::move(features))};
+}
+
+PlacedVectorTile town(const TileID& tile, const std::string& name, TilePoint point)
+{
+    return placed(tile, {.places = {{name, PlaceClass::town, 1, point}}});
+}
+
+/// The smallest rectangle that holds all that is drawn.
+QRect drawnRect(const QImage& picture)
+{
+    QRect drawn;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qAlpha(picture.pixel(x, y)) > 0)
+                drawn |= QRect(x, y, 1, 1);
+        }
+    }
+    return drawn;
+}
+
+/// The smallest rectangle that holds the pixels that are more letter than halo.
+QRect lightRect(const QImage& picture)
+{
+    QRect light;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qGray(picture.pixel(x, y)) > 110)
+                light |= QRect(x, y, 1, 1);
+        }
+    }
+    return light;
+}
+
+TEST(PaintOverlay, writesANameWithAHalo)
+{
+    for (const double scale : {1.0, 2.0}) {
+        SCOPED_TRACE(scale);
+        const QImage picture =
+            paintOverlay(std::vector{town(middleTile, "HOMH", {0.0F, 0.0F})}, frameAt(14.0, scale), font());
+        ASSERT_EQ(picture.size(), QSize(static_cast<int>(400 * scale), static_cast<int>(300 * scale)));
+        const QRect letters = lightRect(picture);
+        const QRect all = drawnRect(picture);
+        EXPECT_NEAR(letters.center().x(), 200 * scale, 2.0 * scale);
+        EXPECT_NEAR(letters.center().y(), 150 * scale, 2.0 * scale);
+        EXPECT_NEAR(letters.height(), 9.5 * scale, 1.6 * scale) << "capitals of 13 px letters";
+        for (const int reach : {letters.left() - all.left(), all.right() - letters.right(), letters.top() - all.top(),
+                                all.bottom() - letters.bottom()}) {
+            EXPECT_GE(reach, 1.0 * scale);
+            EXPECT_LE(reach, 1.25 * scale + 2.0);
+        }
+        const QRgb halo = picture.pixel(letters.left() - static_cast<int>(scale), letters.center().y());
+        EXPECT_GT(qAlpha(halo), 100);
+        EXPECT_LT(qGray(halo), 80);
+    }
+}
+
+TEST(PaintOverlay, writesANameOnceThoughTwoTilesHaveIt)
+{
+    const QImage once = paintOverlay(std::vector{town(middleTile, "Holt", {0.0F, 0.25F})}, frameAt(14.0), font());
+    const QImage twice = paintOverlay(
+        std::vector{town(middleTile, "Holt", {0.0F, 0.25F}), town({14, 8191, 8192}, "Holt", {1.0F, 0.25F})},
+        frameAt(14.0), font());
+    EXPECT_FALSE(drawnRect(once).isEmpty());
+    EXPECT_EQ(once, twice);
+}
+
+TEST(PaintOverlay, turnsNamesAlongRoads)
+{
+    const auto named = [](TilePoint from, TilePoint to, double zoom) {
+        const VectorTile tile{.roadNames = {{"Holt Road", RoadClass::secondary, {from, to}}}};
+        return drawnRect(paintOverlay(std::vector{placed(middleTile, tile)}, frameAt(zoom), font()));
+    };
+    const QRect along = named({-0.3F, 0.0F}, {0.3F, 0.0F}, 14.0);
+    EXPECT_GT(along.width(), 3 * along.height());
+    const QRect down = named({0.0F, -0.3F}, {0.0F, 0.3F}, 14.0);
+    EXPECT_NEAR(down.width(), along.height(), 2);
+    EXPECT_NEAR(down.height(), along.width(), 2);
+    EXPECT_TRUE(named({-0.1F, 0.0F}, {0.1F, 0.0F}, 14.0).isEmpty()) << "no room on so short a road";
+    EXPECT_TRUE(named({-0.9F, 0.0F}, {0.9F, 0.0F}, 12.9).isEmpty()) << "too far away for names of roads";
+}
+
+TEST(PaintOverlay, doesNotDependOnTheSizeOfThePicture)
+{
+    std::vector<PlacedVectorTile> tiles;
+    for (int i = 0; i < 9; ++i) {
+        const TileID tile{14, 8523 + i % 3, 5973 + i / 3};
+        tiles.push_back(placed(tile, decodeVectorTile(sampleVectorTile(tile)).value()));
+    }
+    LayerFrame frame{.camera = {.center = {8524.5 / 16384, 5974.5 / 16384}, .zoom = 14.0}, .columns = 600, .rows = 500};
+    const QImage large = paintOverlay(tiles, frame, font());
+    frame.columns = 400;
+    frame.rows = 300;
+    const QImage small = paintOverlay(tiles, frame, font());
+    EXPECT_GT(drawnRect(small).width(), 300);
+    int different = 0;
+    for (int y = 0; y < 300; ++y) {
+        for (int x = 0; x < 400; ++x)
+            different += std::abs(qAlpha(small.pixel(x, y)) - qAlpha(large.pixel(x + 100, y + 100))) > 8 ? 1 : 0;
+    }
+    EXPECT_EQ(different, 0);
+}
+
+TEST(PaintOverlay, bearsOddNamesAndEmptyFrames)
+{
+    const std::vector tiles{town(middleTile, "\n\t", {0.0F, 0.0F}), town(middleTile, "مدينة", {0.1F, 0.2F}),
+                            town(middleTile, "東京\u202e", {-0.2F, -0.2F}),
+                            town(middleTile, std::string(200, 'W'), {0.0F, -0.4F})};
+    EXPECT_FALSE(drawnRect(paintOverlay(tiles, frameAt(14.0), font())).isEmpty());
+    EXPECT_TRUE(drawnRect(paintOverlay({}, frameAt(14.0), font())).isEmpty());
+    EXPECT_TRUE(paintOverlay(tiles, LayerFrame{}, font()).isNull());
+}
+
+TEST(PaintOverlay, canBeCalledOnAnyThread)
+{
+    const std::vector tiles{town(middleTile, "Holt", {0.0F, 0.0F})};
+    const QImage here = paintOverlay(tiles, frameAt(14.0), font());
+    std::array<QImage, 2> there;
+    {
+        std::array<std::jthread, 2> threads;
+        for (std::size_t i = 0; i < threads.size(); ++i)
+            threads[i] = std::jthread([&, i] { there[i] = paintOverlay(tiles, frameAt(14.0), font()); });
+    }
+    EXPECT_EQ(there[0], here);
+    EXPECT_EQ(there[1], here);
+}
+
+} // namespace
+} // namespace ospra

@@ -1,0 +1,153 @@
+#include "tilemap/vector/paintRoads.h"
+
+#include "tilemap/vector/RoadStyle.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace ospra {
+namespace {
+
+constexpr TileID middleTile{14, 8192, 8192}; // its north-west corner is the middle of the world
+
+/// A picture and how to look at it.
+struct Picture {
+    LayerFrame frame{};
+    std::vector<std::uint32_t> pixels{};
+
+    [[nodiscard]] std::uint32_t at(int x, int y) const
+    {
+        return pixels[static_cast<std::size_t>(y * frame.columns + x)];
+    }
+    [[nodiscard]] std::uint32_t alphaAt(int x, int y) const { return at(x, y) >> 24; }
+    [[nodiscard]] std::uint32_t redAt(int x, int y) const { return (at(x, y) >> 16) & 0xff; }
+};
+
+PlacedVectorTile placed(const TileID& tile, std::vector<TileRoad> roads)
+{
+    return {tile, std::make_shared<const VectorTile>(VectorTile{.roads = std::move(roads)})};
+}
+
+/// 256 x 256 logical pixels round the middle tile's north-west corner.
+Picture paint(const std::vector<PlacedVectorTile>& tiles, double zoom = 14.0, double scale = 1.0)
+{
+    Picture picture{.frame = {.camera = {.center = {0.5, 0.5}, .zoom = zoom},
+                              .columns = static_cast<int>(256 * scale),
+                              .rows = static_cast<int>(256 * scale),
+                              .scale = scale}};
+    picture.pixels.assign(static_cast<std::size_t>(picture.frame.columns * picture.frame.rows), 0x12345678);
+    paintRoads(tiles, picture.frame, picture.pixels, picture.frame.columns);
+    return picture;
+}
+
+TileRoad road(RoadClass roadClass, std::vector<TilePoint> points)
+{
+    return {.roadClass = roadClass, .points = std::move(points)};
+}
+
+TEST(PaintRoads, drawsALineWithItsCasing)
+{
+    for (const double scale : {1.0, 2.0}) {
+        SCOPED_TRACE(scale);
+        // At zoom 14 the tile is 256 px wide; y = 0.25 lies 64 px below the picture's middle.
+        const Picture picture =
+            paint({placed(middleTile, {road(RoadClass::motorway, {{0.1F, 0.25F}, {0.4F, 0.25F}})})}, 14.0, scale);
+        const auto px = [&](double logical) { return static_cast<int>(logical * scale); };
+        const int x = px(128 + 64);
+        EXPECT_NEAR(picture.alphaAt(x, px(192)), 255 * roadLineOpacity, 3);
+        EXPECT_GT(picture.redAt(x, px(192)), 100U) << "a light line";
+        const RoadStyle style = roadStyle(RoadClass::motorway, false, false, 14.0);
+        const double inCasing = (style.width + style.casingWidth) / 4.0; // halfway between the two edges
+        EXPECT_LT(picture.redAt(x, px(192 + inCasing)), picture.alphaAt(x, px(192 + inCasing)) / 2) << "a dark casing";
+        EXPECT_GT(picture.alphaAt(x, px(192 + inCasing)), 30U);
+        EXPECT_EQ(picture.at(x, px(192 + style.casingWidth)), 0U);
+        EXPECT_EQ(picture.at(px(128 + 150), px(192)), 0U) << "beyond the end";
+        EXPECT_EQ(picture.at(0, 0), 0U) << "what was there is overwritten";
+    }
+}
+
+TEST(PaintRoads, isPremultiplied)
+{
+    std::vector<TileRoad> roads;
+    for (const RoadClass roadClass : roadClassesFromBelow) {
+        const float y = 0.05F * (1.0F + static_cast<float>(roadClass));
+        for (const bool isTunnel : {false, true})
+            roads.push_back({.roadClass = roadClass, .isTunnel = isTunnel, .points = {{0.0F, y}, {0.45F, 0.5F - y}}});
+    }
+    const Picture picture = paint({placed(middleTile, roads)}, 15.5);
+    std::size_t drawn = 0;
+    for (const std::uint32_t pixel : picture.pixels) {
+        const std::uint32_t alpha = pixel >> 24;
+        ASSERT_LE(std::max({(pixel >> 16) & 0xff, (pixel >> 8) & 0xff, pixel & 0xff}), alpha);
+        drawn += alpha > 0 ? 1 : 0;
+    }
+    EXPECT_GT(drawn, 1000U);
+}
+
+TEST(PaintRoads, showsAClassFromItsZoomOn)
+{
+    for (const auto& [roadClass, zoom] :
+         {std::pair(RoadClass::motorway, 5.0), std::pair(RoadClass::primary, 8.0),
+          std::pair(RoadClass::secondary, 10.0), std::pair(RoadClass::tertiary, 11.0), std::pair(RoadClass::rail, 12.0),
+          std::pair(RoadClass::minor, 13.0), std::pair(RoadClass::service, 15.0), std::pair(RoadClass::path, 15.0)}) {
+        SCOPED_TRACE(zoom);
+        const std::vector tiles{placed({0, 0, 0}, {road(roadClass, {{0.5F, 0.0F}, {0.5F, 1.0F}})})};
+        const auto isShown = [&](double at) {
+            const Picture picture = paint(tiles, at);
+            return std::any_of(picture.pixels.begin(), picture.pixels.end(), [](std::uint32_t p) { return p != 0; });
+        };
+        EXPECT_TRUE(isShown(zoom));
+        EXPECT_FALSE(isShown(zoom - 0.01));
+    }
+}
+
+TEST(PaintRoads, joinsTilesEvenly)
+{
+    // One road over the common edge of two tiles at x = 128, of which each has some units of the other.
+    const Picture picture =
+        paint({placed({14, 8191, 8192}, {road(RoadClass::primary, {{0.7F, 0.25F}, {1.016F, 0.25F}})}),
+               placed(middleTile, {road(RoadClass::primary, {{-0.016F, 0.25F}, {0.3F, 0.25F}})})});
+    for (int y = 192 - 5; y < 192 + 5; ++y) {
+        for (int x = 60; x < 200; ++x)
+            ASSERT_EQ(picture.at(x, y), picture.at(100, y)) << x << ", " << y;
+    }
+    EXPECT_GT(picture.alphaAt(100, 192), 100U);
+}
+
+TEST(PaintRoads, keepsCrossingsEven)
+{
+    const Picture near = paint({placed(middleTile, {road(RoadClass::minor, {{0.0F, 0.1F}, {0.4F, 0.1F}}),
+                                                    road(RoadClass::primary, {{0.2F, 0.0F}, {0.2F, 0.4F}})})});
+    const int x = 128 + 51;
+    EXPECT_EQ(near.at(x, 128 + 25), near.at(x, 128 + 60)) << "the greater road at the crossing and away from it";
+}
+
+TEST(PaintRoads, showsTheWorldOnEveryTurn)
+{
+    const std::vector tiles{placed({0, 0, 0}, {road(RoadClass::motorway, {{0.5F, 0.2F}, {0.5F, 0.8F}})})};
+    Picture picture{
+        .frame = {.camera = {.center = {0.0, 0.5}, .zoom = 5.0}, .columns = 9000, .rows = 10, .scale = 1.0}};
+    picture.pixels.resize(std::size_t{9000} * 10);
+    paintRoads(tiles, picture.frame, picture.pixels, picture.frame.columns);
+    EXPECT_GT(picture.alphaAt(4500 - 4096, 5), 50U);
+    EXPECT_GT(picture.alphaAt(4500 + 4096, 5), 50U);
+    EXPECT_EQ(picture.alphaAt(4500, 5), 0U);
+}
+
+TEST(PaintRoads, bearsAnything)
+{
+    constexpr float far = 1e15F;
+    const std::vector<TilePoint> wild{{-far, 0.0F}, {0.5F, 0.5F}, {0.5F, 0.5F}, {far, far}, {0.0F, -far}};
+    std::vector<PlacedVectorTile> tiles{
+        placed(middleTile, {road(RoadClass::motorway, wild), road(RoadClass::rail, wild)}),
+        placed({22, -5, 1 << 30}, {road(RoadClass::motorway, wild)}),
+        {middleTile, nullptr}};
+    for (const double zoom : {1.0, 14.0, 20.0})
+        paint(tiles, zoom);
+    // From far in the west at the tile's top to its middle, the line comes in along the picture's lower edge.
+    EXPECT_GT(paint(tiles, 14.0).alphaAt(100, 255), 0U);
+}
+
+} // namespace
+} // namespace ospra

@@ -13,6 +13,7 @@ Q_IMPORT_QML_PLUGIN(Ospra_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Ospra_ControlsPlugin)
 Q_IMPORT_QML_PLUGIN(Ospra_OverviewPlugin)
 Q_IMPORT_QML_PLUGIN(Ospra_PlotPlugin)
+Q_IMPORT_QML_PLUGIN(Ospra_TileMapPlugin)
 Q_IMPORT_QML_PLUGIN(Ospra_WorkspacePlugin)
 
 namespace ospra {

@@ -23,19 +23,11 @@ void MapAnchor::setMap(TileMap* map)
     emit placeChanged();
 }
 
-void MapAnchor::setLatitude(qreal latitude)
+void MapAnchor::setPlace(const MapPlace& place)
 {
-    if (m_coordinate.latitude == latitude)
+    if (m_place == place)
         return;
-    m_coordinate.latitude = latitude;
-    emit placeChanged();
-}
-
-void MapAnchor::setLongitude(qreal longitude)
-{
-    if (m_coordinate.longitude == longitude)
-        return;
-    m_coordinate.longitude = longitude;
+    m_place = place;
     emit placeChanged();
 }
 
@@ -64,9 +56,10 @@ void MapAnchor::follow()
 {
     if (!isComponentComplete())
         return;
-    const std::optional<WorldPoint> place = worldPoint(m_coordinate);
-    setVisible(m_map && place);
-    if (!isVisible() && !(m_map && place))
+    const std::optional<WorldPoint> place = worldPoint(m_place.coordinate());
+    const bool isThere = m_map && place;
+    setVisible(isThere);
+    if (!isThere)
         return;
     const ViewPoint pixel = m_map->view().pixelAt(*place);
     // Text and outlines are sharp on whole device pixels only.

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "tilemap/item/MapPlace.h"
 #include "tilemap/item/TileMap.h"
 
 #include <QPointF>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
-
-#include <limits>
 
 namespace ospra {
 
@@ -17,8 +16,7 @@ class MapAnchor : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(ospra::TileMap* map READ map WRITE setMap NOTIFY placeChanged REQUIRED)
-    Q_PROPERTY(qreal latitude READ latitude WRITE setLatitude NOTIFY placeChanged)
-    Q_PROPERTY(qreal longitude READ longitude WRITE setLongitude NOTIFY placeChanged)
+    Q_PROPERTY(ospra::MapPlace place READ place WRITE setPlace NOTIFY placeChanged)
     Q_PROPERTY(QPointF anchorPoint READ anchorPoint WRITE setAnchorPoint NOTIFY placeChanged)
 
 public:
@@ -26,11 +24,9 @@ public:
 
     [[nodiscard]] TileMap* map() const { return m_map; }
     void setMap(TileMap* map);
-    /// NaN while there is no coordinate.
-    [[nodiscard]] qreal latitude() const { return m_coordinate.latitude; }
-    void setLatitude(qreal latitude);
-    [[nodiscard]] qreal longitude() const { return m_coordinate.longitude; }
-    void setLongitude(qreal longitude);
+    /// The coordinate, which need not be one.
+    [[nodiscard]] MapPlace place() const { return m_place; }
+    void setPlace(const MapPlace& place);
     /// The point of the item that lies on the coordinate: 0, 0 is its top left corner, 1, 1 its bottom right one.
     [[nodiscard]] QPointF anchorPoint() const { return m_anchorPoint; }
     void setAnchorPoint(QPointF point);
@@ -46,7 +42,7 @@ private:
     void follow();
 
     QPointer<TileMap> m_map;
-    Coordinate m_coordinate{std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
+    MapPlace m_place;
     QPointF m_anchorPoint{0.5, 0.5};
 };
 

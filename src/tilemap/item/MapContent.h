@@ -16,8 +16,8 @@ struct MapContent {
     QML_VALUE_TYPE(mapContent)
 
 public:
-    std::vector<MapPath> paths;
-    std::vector<Coordinate> places;
+    std::vector<MapPath> paths{};
+    std::vector<Coordinate> places{};
 
     friend bool operator==(const MapContent&, const MapContent&) = default;
 };

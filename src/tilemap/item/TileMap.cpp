@@ -14,6 +14,7 @@ namespace {
 
 constexpr double framePadding = 40.0;      // logical px, so that what stands at a place is not cut off
 constexpr double highestFramedZoom = 18.0; // closer there is nothing to see
+constexpr double greatestScaleBar = 110.0; // logical px
 constexpr double glideReach = 4.0;         // view sizes; a camera further off is jumped to
 
 /// Draws paths on the layer's thread, where what it has worked out for them stays.
@@ -72,6 +73,18 @@ void TileMap::setCamera(const Camera& camera)
     moveTo(camera);
 }
 
+void TileMap::setIsImperial(bool isImperial)
+{
+    if (std::exchange(m_isImperial, isImperial) != isImperial)
+        emit viewChanged();
+}
+
+ScaleBar TileMap::scaleOfMiddle() const
+{
+    const double metersPerPixel = metersPerWorldUnit(coordinateAt(m_camera.center).latitude) / m_camera.worldSize();
+    return scaleBar(metersPerPixel, greatestScaleBar, m_isImperial ? LengthUnits::imperial : LengthUnits::metric);
+}
+
 double TileMap::scale() const
 {
     return window() != nullptr ? window()->effectiveDevicePixelRatio() : 1.0;
@@ -98,12 +111,12 @@ void TileMap::viewHasChanged()
     emit viewChanged();
 }
 
-void TileMap::showRegion(qreal latitude, qreal longitude, qreal latitudeDelta, qreal longitudeDelta)
+void TileMap::showRegion(const MapPlace& center, const MapPlace& spans)
 {
-    const std::optional<WorldPoint> northWest =
-        worldPoint({.latitude = latitude + latitudeDelta / 2.0, .longitude = longitude - longitudeDelta / 2.0});
-    const std::optional<WorldPoint> southEast =
-        worldPoint({.latitude = latitude - latitudeDelta / 2.0, .longitude = longitude + longitudeDelta / 2.0});
+    const std::optional<WorldPoint> northWest = worldPoint(
+        {.latitude = center.latitude + spans.latitude / 2.0, .longitude = center.longitude - spans.longitude / 2.0});
+    const std::optional<WorldPoint> southEast = worldPoint(
+        {.latitude = center.latitude - spans.latitude / 2.0, .longitude = center.longitude + spans.longitude / 2.0});
     if (!northWest || !southEast)
         return;
     m_region = WorldRect{northWest->x, northWest->y, southEast->x, southEast->y};

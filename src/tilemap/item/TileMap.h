@@ -6,6 +6,8 @@
 #include "tilemap/item/DragVelocity.h"
 #include "tilemap/item/MapContent.h"
 #include "tilemap/item/MapLayer.h"
+#include "tilemap/item/MapPlace.h"
+#include "tilemap/scaleBar.h"
 
 #include <QAbstractAnimation>
 #include <QBasicTimer>
@@ -31,8 +33,10 @@ class TileMap : public QQuickItem {
     Q_PROPERTY(QColor groundColor MEMBER m_groundColor NOTIFY looksChanged)
     Q_PROPERTY(QColor gridColor MEMBER m_gridColor NOTIFY looksChanged)
     Q_PROPERTY(int cameraDuration MEMBER m_cameraDuration NOTIFY looksChanged)
-    Q_PROPERTY(bool isImperial MEMBER m_isImperial NOTIFY looksChanged)
     Q_PROPERTY(qreal zoom READ zoom NOTIFY viewChanged)
+    Q_PROPERTY(bool isImperial READ isImperial WRITE setIsImperial NOTIFY viewChanged)
+    Q_PROPERTY(qreal scaleBarWidth READ scaleBarWidth NOTIFY viewChanged)
+    Q_PROPERTY(QString scaleBarText READ scaleBarText NOTIFY viewChanged)
     Q_PROPERTY(int pathRasterCount READ pathRasterCount NOTIFY pathRasterCountChanged)
 
 public:
@@ -42,6 +46,11 @@ public:
     [[nodiscard]] MapContent content() const { return m_content; }
     void setContent(const MapContent& content);
     [[nodiscard]] qreal zoom() const { return m_camera.zoom; }
+    /// A round length on the ground in the middle of the map, in feet and miles if the map is imperial.
+    [[nodiscard]] bool isImperial() const { return m_isImperial; }
+    void setIsImperial(bool isImperial);
+    [[nodiscard]] qreal scaleBarWidth() const { return scaleOfMiddle().width; }
+    [[nodiscard]] QString scaleBarText() const { return QString::fromStdString(scaleOfMiddle().text); }
     /// How many pictures of the paths have been drawn and shown.
     [[nodiscard]] int pathRasterCount() const { return m_paths.pictureCount(); }
 
@@ -51,8 +60,9 @@ public:
     [[nodiscard]] MapView view() const { return {m_camera, width(), height()}; }
     [[nodiscard]] bool isMoving() const { return m_motion.isMoving(); }
 
-    /// Aims at a region given by its middle and its spans in degrees.
-    Q_INVOKABLE void showRegion(qreal latitude, qreal longitude, qreal latitudeDelta, qreal longitudeDelta);
+    /// Aims at a region.
+    /// @param spans from its southern to its northern and from its western to its eastern edge, degrees
+    Q_INVOKABLE void showRegion(const ospra::MapPlace& center, const ospra::MapPlace& spans);
     /// Aims at the whole content.
     Q_INVOKABLE void frameContent();
     /// Does what a key means to a map. @return false where it means nothing
@@ -61,7 +71,7 @@ public:
 signals:
     void contentChanged();
     void looksChanged();
-    /// Camera or size.
+    /// Camera, size or units.
     void viewChanged();
     void pathRasterCountChanged();
     /// A mouse button or a finger has come down.
@@ -103,6 +113,7 @@ private:
     [[nodiscard]] bool hasRoom() const { return width() > 0.0 && height() > 0.0; }
     [[nodiscard]] double scale() const;
     [[nodiscard]] ViewPace pace() const;
+    [[nodiscard]] ScaleBar scaleOfMiddle() const;
     void moveTo(const Camera& camera);
     void viewHasChanged();
     void aim(AimChange change);

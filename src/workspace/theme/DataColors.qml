@@ -30,6 +30,9 @@ GroundColors {
     readonly property color mapExit: "#B81A14"
     readonly property color mapLanding: "#12793A"
     readonly property color mapJumpRun: "#F0C419"
+    readonly property color mapDotEdge: "#000000"
+    readonly property color mapCaptionGround: Qt.alpha("#000000", 0.6)
+    readonly property color mapScaleHalo: Qt.alpha("#090C12", 0.55)
     readonly property color attributionGround: Qt.alpha("#000000", 0.45)
 
     readonly property list<color> heatLevels: [Qt.alpha("#FFFFFF", 0.05), Qt.alpha(root.green, 0.3), Qt.alpha(root.green, 0.5), Qt.alpha(root.green, 0.7), Qt.alpha(root.green, 0.9)]
@@ -43,15 +46,17 @@ GroundColors {
     /// All colours that the logic names, in the order of NamedColor.
     readonly property list<color> palette: [root.white, root.yellow, root.cyan, root.pink, root.mint, root.indigo, root.blue, root.green, root.red, root.purple, root.orange, root.teal, root.primaryTrack]
 
+    /// The same in the dark values, as the map draws them in both appearances.
+    readonly property list<color> mapPalette: ["#FFFFFF", "#F0C419", "#4FC1F0", "#FF6690", "#7DF0B2", "#9885FF", "#62ADFF", "#6FDC7C", "#FA625C", "#C183EA", "#FFA64D", "#24D3C6", "#FFFFFF"]
+
     /// The colour of a name that the logic uses, in the appearance of the moment.
     /// @param name a value of NamedColor
     function named(name: int): color {
         return root.palette[name];
     }
 
-    /// The same in the dark value, as the map draws it in both appearances.
+    /// The same in the dark value.
     function mapNamed(name: int): color {
-        const colors = ["#FFFFFF", "#F0C419", "#4FC1F0", "#FF6690", "#7DF0B2", "#9885FF", "#62ADFF", "#6FDC7C", "#FA625C", "#C183EA", "#FFA64D", "#24D3C6", "#FFFFFF"];
-        return colors[name];
+        return root.mapPalette[name];
     }
 }

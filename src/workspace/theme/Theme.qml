@@ -33,6 +33,7 @@ DataColors {
     readonly property int cardPadding: 10
 
     readonly property int radiusCell: 2
+    readonly property int radiusMarker: 3
     readonly property int radiusLabel: 4
     readonly property int radiusItem: 5
     readonly property int radiusControl: 6
@@ -57,6 +58,8 @@ DataColors {
     readonly property int iconGap: 7
     readonly property real iconMap: 11.5
     readonly property real iconMapSmall: 10
+    readonly property int mapChipPadding: 3
+    readonly property int mapDot: 14
     readonly property int markerSize: 8
     readonly property int markerSizeSmall: 6
 

@@ -1,0 +1,109 @@
+import QtQuick
+import QtQuick.Templates as T
+import Ospra.Controls
+import Ospra.Theme
+import Ospra.TileMap
+import Ospra.Workspace
+
+/// Where the jump went: the paths over the ground, the aircraft's run, exit and landing, and a marker for each jumper that
+/// follows the cursor of the charts. The camera moves when the model calls it; in between it is the user's.
+T.Control {
+    id: root
+
+    required property OspraModel source
+
+    /// To the part of the flight that the charts are zoomed to, or to everything.
+    function moveCamera() {
+        if (flight.hasRegion)
+            map.showRegion(flight.regionCenter, flight.regionSpans);
+        else
+            map.frameContent();
+    }
+
+    focusPolicy: Qt.StrongFocus
+    Accessible.role: Accessible.Canvas
+    Accessible.name: qsTr("Map")
+    Keys.onPressed: event => {
+        const isPlain = !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
+        event.accepted = isPlain && map.pressKey(event.key);
+    }
+    Component.onCompleted: root.moveCamera()
+
+    TileMap {
+        id: map
+
+        anchors.fill: parent
+        content: flight.content
+        groundColor: Theme.mapGround
+        gridColor: Theme.mapGrid
+        cameraDuration: Theme.cameraDuration
+        isImperial: !root.source.useMetric
+        onTouched: root.forceActiveFocus(Qt.MouseFocusReason)
+
+        MapIcon {
+            map: map
+            place: flight.jumpRunEnd
+            icon: "jump-run"
+            size: Theme.iconMapSmall
+            color: Theme.mapJumpRun
+            rotation: flight.jumpRunBearing - 90
+        }
+
+        MapCaption {
+            map: map
+            place: flight.jumpRunStart
+            text: qsTr("Jump Run")
+        }
+
+        MapIcon {
+            map: map
+            place: flight.exitPlace
+            title: qsTr("Exit")
+            icon: "airplane-departing"
+            size: Theme.iconMap
+            color: Theme.mapExit
+            padding: Theme.mapChipPadding
+            ground: Theme.mapChip
+        }
+
+        MapIcon {
+            map: map
+            place: flight.landingPlace
+            title: qsTr("Landing")
+            icon: "landing"
+            size: Theme.iconMap
+            color: Theme.mapLanding
+            padding: Theme.mapChipPadding
+            ground: Theme.mapChip
+        }
+
+        Repeater {
+            model: flight
+
+            MapHoverMarker {
+                map: map
+            }
+        }
+    }
+
+    MapScaleBar {
+        x: Theme.space10
+        y: root.height - height - Theme.space8
+        length: map.scaleBarWidth
+        text: map.scaleBarText
+    }
+
+    FocusRing {
+        control: root
+        anchors.margins: 0
+        controlRadius: -reach
+    }
+
+    FlightMapModel {
+        id: flight
+
+        source: root.source
+        palette: Theme.mapPalette
+        onCameraCalled: root.moveCamera()
+    }
+}

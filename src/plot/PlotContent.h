@@ -46,6 +46,7 @@ struct PlotMarker {
 struct PlotContent {
     std::vector<PlotLine> lines{};
     std::vector<PlotMarker> markers{};
+    ValueRange seconds{0.0, 1.0};           ///< the x domain to show; no position for any time where `hi` <= `lo`
     std::optional<ValueRange> valueRange{}; ///< the y domain to show; absent: what the lines need
 
     friend bool operator==(const PlotContent&, const PlotContent&) = default;

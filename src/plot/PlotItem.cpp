@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ospra {
 namespace {
@@ -31,26 +32,8 @@ void PlotItem::setContent(const PlotContent& content)
         return;
     m_content = content;
     m_requestedFrame.reset();
-    domainHasChanged();
+    contentHasChanged();
     emit contentChanged();
-}
-
-void PlotItem::setXMin(qreal seconds)
-{
-    if (m_seconds.lo == seconds)
-        return;
-    m_seconds.lo = seconds;
-    domainHasChanged();
-    emit domainChanged();
-}
-
-void PlotItem::setXMax(qreal seconds)
-{
-    if (m_seconds.hi == seconds)
-        return;
-    m_seconds.hi = seconds;
-    domainHasChanged();
-    emit domainChanged();
 }
 
 void PlotItem::setTickSpacing(qreal spacing)
@@ -89,17 +72,32 @@ QStringList PlotItem::tickLabels() const
 
 bool PlotItem::containsSeconds(qreal seconds) const
 {
-    return seconds >= m_seconds.lo && seconds <= m_seconds.hi;
+    return seconds >= m_content.seconds.lo && seconds <= m_content.seconds.hi;
 }
 
-/// The points in the x domain, and with them the y axis, may be others now.
-void PlotItem::domainHasChanged()
+void PlotItem::contentHasChanged()
 {
     if (!isComponentComplete())
         return;
-    m_values = visibleValues(m_content.lines, m_seconds);
+    m_values = visibleValues(m_content.lines, m_content.seconds);
     updateAxis();
     updateLetters();
+    requestSoon();
+}
+
+/// Asks for the picture once all of a change is in, yet before the next frame is prepared: as the window waits a few
+/// milliseconds with that, the picture is as a rule there by then, and one frame shows it together with its axis.
+void PlotItem::requestSoon()
+{
+    if (std::exchange(m_willRequest, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_willRequest = false;
+            requestPicture();
+        },
+        Qt::QueuedConnection);
 }
 
 void PlotItem::updateAxis()
@@ -142,7 +140,7 @@ void PlotItem::updateLetters()
 PlotFrame PlotItem::frame() const
 {
     const double scale = window() != nullptr ? window()->effectiveDevicePixelRatio() : 1.0;
-    PlotFrame frame{.scale = scale, .seconds = m_seconds, .values = m_axis.domain};
+    PlotFrame frame{.scale = scale, .seconds = m_content.seconds, .values = m_axis.domain};
     frame.plotWidth = width() * scale;
     frame.plotHeight = height() * scale;
     frame.plotTop = std::ceil(pictureMargin * scale);
@@ -175,10 +173,15 @@ void PlotItem::itemChange(ItemChange change, const ItemChangeData& data)
 void PlotItem::componentComplete()
 {
     QQuickItem::componentComplete();
-    domainHasChanged();
+    contentHasChanged();
 }
 
 void PlotItem::updatePolish()
+{
+    requestPicture();
+}
+
+void PlotItem::requestPicture()
 {
     const PlotFrame wanted = frame();
     if (!isComponentComplete() || wanted == m_requestedFrame)

@@ -28,8 +28,6 @@ class PlotItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(ospra::PlotContent content READ content WRITE setContent NOTIFY contentChanged)
-    Q_PROPERTY(qreal xMin READ xMin WRITE setXMin NOTIFY domainChanged)
-    Q_PROPERTY(qreal xMax READ xMax WRITE setXMax NOTIFY domainChanged)
     Q_PROPERTY(qreal tickSpacing READ tickSpacing WRITE setTickSpacing NOTIFY tickSpacingChanged)
     Q_PROPERTY(QFont letterFont READ letterFont WRITE setLetterFont NOTIFY letterFontChanged)
     Q_PROPERTY(qreal yMin READ yMin NOTIFY axisChanged)
@@ -46,12 +44,6 @@ public:
 
     [[nodiscard]] const PlotContent& content() const { return m_content; }
     void setContent(const PlotContent& content);
-
-    /// Ends of the x domain, at the left and the right edge of the item.
-    [[nodiscard]] qreal xMin() const { return m_seconds.lo; }
-    void setXMin(qreal seconds);
-    [[nodiscard]] qreal xMax() const { return m_seconds.hi; }
-    void setXMax(qreal seconds);
 
     /// Logical pixels between two ticks, about.
     [[nodiscard]] qreal tickSpacing() const { return m_tickSpacing; }
@@ -85,12 +77,11 @@ public:
     /// Whether a time lies in the x domain, ends included.
     Q_INVOKABLE bool containsSeconds(qreal seconds) const;
 
-    [[nodiscard]] LinearScale xScale() const { return {m_seconds, 0.0, width()}; }
+    [[nodiscard]] LinearScale xScale() const { return {m_content.seconds, 0.0, width()}; }
     [[nodiscard]] LinearScale yScale() const { return {m_axis.domain, height(), 0.0}; }
 
 signals:
     void contentChanged();
-    void domainChanged();
     void tickSpacingChanged();
     void letterFontChanged();
     void axisChanged();
@@ -105,15 +96,16 @@ protected:
     QSGNode* updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* data) override;
 
 private:
-    void domainHasChanged();
+    void contentHasChanged();
     void updateAxis();
     void updateLetters();
+    void requestSoon();
+    void requestPicture();
     [[nodiscard]] PlotFrame frame() const;
     [[nodiscard]] QPointF shiftToPixels() const;
     void show(const PlotPicture& picture);
 
     PlotContent m_content;
-    ValueRange m_seconds{0.0, 1.0};
     qreal m_tickSpacing = defaultTickSpacing;
     QFont m_letterFont;
     std::optional<ValueRange> m_values; // of the points in the x domain
@@ -125,6 +117,7 @@ private:
     PlotPicture m_picture;                     // kept, since the scene graph may come back without its textures
     bool m_textureIsOld = false;               // the node still shows the picture before
     std::optional<PlotFrame> m_requestedFrame; // absent: whatever was asked for no longer does
+    bool m_willRequest = false;
     int m_rasterCount = 0;
 };
 

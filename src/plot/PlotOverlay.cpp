@@ -123,7 +123,7 @@ void PlotOverlay::setPlot(PlotItem* plot)
         disconnect(m_plot, nullptr, this, nullptr);
     m_plot = plot;
     if (m_plot) {
-        connect(m_plot, &PlotItem::domainChanged, this, &QQuickItem::update);
+        connect(m_plot, &PlotItem::contentChanged, this, &QQuickItem::update);
         connect(m_plot, &PlotItem::axisChanged, this, &QQuickItem::update);
     }
     emit plotChanged();

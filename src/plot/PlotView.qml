@@ -8,8 +8,6 @@ Item {
     id: root
 
     property alias content: plotItem.content
-    property alias xMin: plotItem.xMin
-    property alias xMax: plotItem.xMax
     property alias cursorSeconds: overlay.cursorSeconds
     property alias cursorColor: overlay.cursorColor
     property alias dots: overlay.dots
@@ -56,13 +54,19 @@ Item {
         font: root.labelFont
     }
 
+    // Ticks and letters that are not needed are hidden and kept: a repeater makes all of its items anew when their
+    // number changes, and a zoom changes it often.
     Repeater {
-        model: plotItem.tickPositions.length
+        id: ticks
+
+        model: 0
 
         Item {
             id: tick
 
             required property int index
+
+            visible: tick.index < plotItem.tickPositions.length
 
             y: plotItem.y + (plotItem.tickPositions[tick.index] ?? 0)
             width: root.width
@@ -96,16 +100,25 @@ Item {
         height: Math.max(0, root.height - root.stripHeight - root.bottomMargin)
         letterFont: root.labelFont
         tickSpacing: Math.max(27, 2 * labelMetrics.height)
+        onAxisChanged: ticks.model = Math.max(ticks.count, plotItem.tickPositions.length)
+        onLettersChanged: letters.model = Math.max(letters.count, plotItem.letterPositions.length)
+        Component.onCompleted: {
+            ticks.model = plotItem.tickPositions.length;
+            letters.model = plotItem.letterPositions.length;
+        }
     }
 
     Repeater {
-        model: plotItem.letterPositions.length
+        id: letters
+
+        model: 0
 
         Text {
             id: letter
 
             required property int index
 
+            visible: letter.index < plotItem.letterPositions.length
             x: plotItem.x + (plotItem.letterPositions[letter.index] ?? 0)
             y: root.stripHeight + 1 - letter.height
             text: plotItem.letterTexts[letter.index] ?? ""

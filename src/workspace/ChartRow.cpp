@@ -159,7 +159,8 @@ std::string rowUnit(const ChartRow& row, DisplayUnits units)
 
 PlotContent rowContent(const ChartRow& row, const OspraModel& model, const ChartPalette& palette)
 {
-    PlotContent content{.markers = plotMarkers(model, palette)};
+    const TimeRange range = model.displayRange();
+    PlotContent content{.markers = plotMarkers(model, palette), .seconds = {range.lo, range.hi}};
     const std::vector<RowLine> lines = rowLines(row, model);
     // Drawn from back to front: the companions first, the primary on top of them.
     for (const RowLine& line : lines)

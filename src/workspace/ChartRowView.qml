@@ -67,8 +67,6 @@ Item {
         anchors.rightMargin: Theme.space8
         anchors.bottomMargin: Theme.space2
         content: root.content
-        xMin: root.rows.firstSecond
-        xMax: root.rows.lastSecond
         gridColor: Theme.gridLine
         labelColor: Theme.textTertiary
         labelFont: Theme.caption2.tabularFont

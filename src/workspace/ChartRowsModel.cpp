@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace ospra {
 
@@ -41,13 +42,10 @@ void ChartRowsModel::setSource(OspraModel* source)
         connect(m_source, &OspraModel::hoveredSecondsChanged, this, &ChartRowsModel::updateHover);
         connect(m_source, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
         connect(m_source, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
-        connect(m_source, &OspraModel::zoomChanged, this, &ChartRowsModel::rangeChanged);
-        connect(m_source, &OspraModel::visibleDataChanged, this, &ChartRowsModel::rangeChanged);
     }
     updateRows();
     emit sourceChanged();
     emit hasSeriesChanged();
-    emit rangeChanged();
 }
 
 void ChartRowsModel::setPalette(const QList<QColor>& colors)
@@ -58,7 +56,7 @@ void ChartRowsModel::setPalette(const QList<QColor>& colors)
     for (std::size_t index = 0; index < m_palette.size() && std::ssize(colors) > std::ptrdiff_t(index); ++index)
         m_palette[index] = colors[qsizetype(index)].rgb() & 0xffffff;
     emit paletteChanged();
-    refresh({ContentRole, DotsRole});
+    refresh(0, rowCount() - 1, {ContentRole, DotsRole});
 }
 
 bool ChartRowsModel::hasSeries() const
@@ -66,14 +64,20 @@ bool ChartRowsModel::hasSeries() const
     return m_source && !(m_source->enabledSeries().empty() && m_source->enabledDistanceSeries().empty());
 }
 
-qreal ChartRowsModel::firstSecond() const
+void ChartRowsModel::setFirstOnScreen(int row)
 {
-    return m_source ? m_source->displayRange().lo : 0.0;
+    if (std::exchange(m_firstOnScreen, row) == row)
+        return;
+    updateHover();
+    emit onScreenChanged();
 }
 
-qreal ChartRowsModel::lastSecond() const
+void ChartRowsModel::setLastOnScreen(int row)
 {
-    return m_source ? m_source->displayRange().hi : 1.0;
+    if (std::exchange(m_lastOnScreen, row) == row)
+        return;
+    updateHover();
+    emit onScreenChanged();
 }
 
 qreal ChartRowsModel::hoveredSeconds() const
@@ -153,27 +157,32 @@ void ChartRowsModel::updateRows()
 void ChartRowsModel::updateContents()
 {
     updateRows();
-    updateReadings();
-    refresh({UnitRole, ContentRole, DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
-}
-
-void ChartRowsModel::updateReadings()
-{
-    for (std::size_t index = 0; index < m_rows.size(); ++index)
-        m_readings[index] = rowReadings(m_rows[index], *m_source);
+    updateReadings(0, rowCount() - 1);
+    refresh(0, rowCount() - 1,
+            {UnitRole, ContentRole, DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
 }
 
 void ChartRowsModel::updateHover()
 {
-    updateReadings();
-    refresh({DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
+    const int first = std::max(m_firstOnScreen, 0);
+    const int last = std::min(m_lastOnScreen, rowCount() - 1);
+    updateReadings(first, last);
+    refresh(first, last, {DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
     emit hoveredSecondsChanged();
 }
 
-void ChartRowsModel::refresh(const QList<int>& roles)
+void ChartRowsModel::updateReadings(int first, int last)
 {
-    if (!m_rows.empty())
-        emit dataChanged(index(0), index(rowCount() - 1), roles);
+    for (int row = first; row <= last; ++row) {
+        const auto index = static_cast<std::size_t>(row);
+        m_readings[index] = rowReadings(m_rows[index], *m_source);
+    }
+}
+
+void ChartRowsModel::refresh(int first, int last, const QList<int>& roles)
+{
+    if (first <= last)
+        emit dataChanged(index(first), index(last), roles);
 }
 
 } // namespace ospra

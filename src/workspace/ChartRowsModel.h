@@ -8,19 +8,21 @@
 #include <QList>
 #include <QQmlEngine>
 
+#include <limits>
 #include <vector>
 
 namespace ospra {
 
-/// The rows of the chart column with all that they draw and read out. A hover changes only what moves with it.
+/// The rows of the chart column with all that they draw and read out. A hover changes only what moves with it, and only
+/// in the rows that can be seen.
 class ChartRowsModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(QList<QColor> palette READ palette WRITE setPalette NOTIFY paletteChanged REQUIRED)
     Q_PROPERTY(bool hasSeries READ hasSeries NOTIFY hasSeriesChanged)
-    Q_PROPERTY(qreal firstSecond READ firstSecond NOTIFY rangeChanged)
-    Q_PROPERTY(qreal lastSecond READ lastSecond NOTIFY rangeChanged)
+    Q_PROPERTY(int firstOnScreen READ firstOnScreen WRITE setFirstOnScreen NOTIFY onScreenChanged)
+    Q_PROPERTY(int lastOnScreen READ lastOnScreen WRITE setLastOnScreen NOTIFY onScreenChanged)
     Q_PROPERTY(qreal hoveredSeconds READ hoveredSeconds NOTIFY hoveredSecondsChanged)
     Q_PROPERTY(QString timeLabel READ timeLabel NOTIFY hoveredSecondsChanged)
 
@@ -34,9 +36,11 @@ public:
     void setPalette(const QList<QColor>& colors);
     /// Whether any series is on at all.
     [[nodiscard]] bool hasSeries() const;
-    /// The time on show.
-    [[nodiscard]] qreal firstSecond() const;
-    [[nodiscard]] qreal lastSecond() const;
+    /// The rows that are scrolled into view, both included. The others follow the pointer no sooner than they come.
+    [[nodiscard]] int firstOnScreen() const { return m_firstOnScreen; }
+    void setFirstOnScreen(int row);
+    [[nodiscard]] int lastOnScreen() const { return m_lastOnScreen; }
+    void setLastOnScreen(int row);
     /// The moment under the pointer, NaN when there is none.
     [[nodiscard]] qreal hoveredSeconds() const;
     /// The time since the exit at that moment; empty when there is none.
@@ -54,7 +58,7 @@ signals:
     void sourceChanged();
     void paletteChanged();
     void hasSeriesChanged();
-    void rangeChanged();
+    void onScreenChanged();
     void hoveredSecondsChanged();
 
 private:
@@ -72,15 +76,17 @@ private:
 
     void updateRows();
     void updateContents();
-    void updateReadings();
     void updateHover();
-    void refresh(const QList<int>& roles);
+    void updateReadings(int first, int last);
+    void refresh(int first, int last, const QList<int>& roles);
 
     OspraModel* m_source = nullptr;
     QList<QColor> m_colors;
     ChartPalette m_palette{};
+    int m_firstOnScreen = 0;
+    int m_lastOnScreen = std::numeric_limits<int>::max();
     std::vector<ChartRow> m_rows;
-    std::vector<std::vector<HoverRow>> m_readings; // of each row; three roles show them
+    std::vector<std::vector<HoverRow>> m_readings; // of each row as last updated; three roles show them
 };
 
 } // namespace ospra

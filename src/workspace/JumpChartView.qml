@@ -72,5 +72,7 @@ Item {
 
         source: root.source
         palette: Theme.palette
+        firstOnScreen: Math.floor((flickable.contentY - column.topPadding) / flickable.rowHeight)
+        lastOnScreen: Math.floor((flickable.contentY + flickable.height - column.topPadding) / flickable.rowHeight)
     }
 }

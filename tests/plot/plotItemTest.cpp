@@ -48,6 +48,7 @@ PlotContent levelLine(double value)
                        .stride = 2,
                        .count = 2,
                        .color = 0xff0000}},
+            .seconds = {0.0, 100.0},
             .valueRange = ValueRange{0.0, 100.0}};
 }
 
@@ -67,7 +68,6 @@ protected:
                 PlotView {
                     id: view
                     anchors.fill: parent
-                    xMin: 0; xMax: 100
                     gridColor: "transparent"; labelColor: "transparent"
                     labelFont: Qt.font({ pixelSize: 10 })
                     cursorColor: "#00ff00"; dragColor: "#0000ff"
@@ -169,9 +169,11 @@ TEST_F(PlotItemTest, keepsTheOldPictureUntilTheNewOneIsThere)
 TEST_F(PlotItemTest, drawsOnceForChangesThatComeTogether)
 {
     const int before = m_plot->rasterCount();
-    m_plot->setXMin(10.0);
-    m_plot->setContent(levelLine(30.0));
-    m_plot->setXMax(60.0);
+    PlotContent content = levelLine(30.0);
+    m_plot->setContent(content);
+    content.seconds = {10.0, 60.0};
+    m_plot->setContent(content);
+    m_view->setProperty("bottomMargin", 55.0);
     nextPicture(before);
     QCoreApplication::processEvents();
     m_window->grabWindow();
@@ -191,9 +193,11 @@ TEST_F(PlotItemTest, tellsAxisAndConversions)
     double seconds = 0.0;
     QMetaObject::invokeMethod(m_view, "secondsAt", Q_RETURN_ARG(double, seconds), Q_ARG(double, 95.0));
     EXPECT_DOUBLE_EQ(seconds, 25.0); // the view's positions begin left of the labels
-    m_plot->setXMax(0.0);
+    content.seconds.hi = 0.0;
+    m_plot->setContent(content);
     EXPECT_TRUE(std::isnan(m_plot->secondsAt(50.0)));
-    m_plot->setXMax(2.0); // only the point at 0 is left; nothing else has changed
+    content.seconds.hi = 2.0;
+    m_plot->setContent(content); // only the point at 0 is left; nothing else has changed
     EXPECT_EQ(m_plot->tickLabels(), (QStringList{"0", "2.0k", "4.0k"}));
 }
 

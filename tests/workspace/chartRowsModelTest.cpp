@@ -82,7 +82,7 @@ TEST_F(ChartRows, aHoverChangesReadingsAndDotsButNoLine)
     QList<int> changed;
     QObject::connect(&rows, &QAbstractItemModel::dataChanged,
                      [&changed](const QModelIndex&, const QModelIndex&, const QList<int>& roles) { changed += roles; });
-    rows.hoverAt(rows.firstSecond() + 10.0);
+    rows.hoverAt(model.displayRange().lo + 10.0);
     EXPECT_EQ(valueOf(rows, 0, "readingNames").toStringList(), (QStringList{"Me", "friend"}));
     EXPECT_EQ(valueOf(rows, 0, "dots").value<PlotDots>().list.size(), 2);
     EXPECT_EQ(valueOf(rows, 2, "dots").value<PlotDots>().list.size(), 4);

@@ -3,10 +3,11 @@
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$top"
 
-# Installs the packages of packages.txt that are missing; costs a fraction of a second when none is.
+# install_packages [PACKAGE...]: installs those of packages.txt and the named ones that are missing; costs a fraction of
+# a second when none is.
 install_packages() {
     local wanted missing=()
-    mapfile -t wanted < <(grep -v '^#' "$top/scripts/packages.txt")
+    mapfile -t wanted < <(grep -v '^#' "$top/scripts/packages.txt"; [ $# -eq 0 ] || printf '%s\n' "$@")
     local installed
     installed=$(dpkg-query -W -f '${db:Status-Abbrev}${Package}\n' "${wanted[@]}" 2>/dev/null | sed -n 's/^ii *//p' | sort)
     mapfile -t missing < <(comm -23 <(printf '%s\n' "${wanted[@]}" | sort) <(printf '%s\n' "$installed"))

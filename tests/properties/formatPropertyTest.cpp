@@ -71,7 +71,7 @@ double makeNumber(Dice& dice)
 TEST(TextOfAnyNumber, isRoundedAsTheCLibraryDoes)
 {
     Dice dice(11);
-    for (int round = 0; round < 60'000; ++round) {
+    for (int round = 0; round < 30'000; ++round) {
         const double value = makeNumber(dice);
         SCOPED_TRACE(value);
         ASSERT_EQ(formatAltitude(value, UnitSystem::metric), printed("%.0f", value) + " m");
@@ -94,7 +94,7 @@ TEST(TextOfAnyNumber, isRoundedAsTheCLibraryDoes)
 TEST(DurationOfAnyLength, isCutTowardsZero)
 {
     Dice dice(12);
-    for (int round = 0; round < 60'000; ++round) {
+    for (int round = 0; round < 30'000; ++round) {
         const double seconds = dice.oneIn(3) ? static_cast<double>(dice.between(-7'300, 7'300))
                                              : std::nextafter(static_cast<double>(dice.between(-7'300, 7'300)),
                                                               dice.oneIn(2) ? 1e9 : -1e9) +

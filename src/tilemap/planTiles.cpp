@@ -3,10 +3,10 @@
 #include "tilemap/showsPlace.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <optional>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 
@@ -91,21 +91,18 @@ std::optional<MapView> sensibleView(MapView view)
 
 std::vector<Cell> cellsCentreFirst(const Grid& grid, WorldPoint center)
 {
-    std::vector<std::pair<double, Cell>> byDistance;
-    byDistance.reserve(static_cast<std::size_t>(grid.cellCount()));
-    const double tiles = std::exp2(grid.zoom);
-    for (std::int64_t row = grid.top; row < grid.bottom; ++row) {
-        for (std::int64_t column = grid.left; column < grid.right; ++column) {
-            const double dx = static_cast<double>(column) + 0.5 - center.x * tiles;
-            const double dy = static_cast<double>(row) + 0.5 - center.y * tiles;
-            byDistance.push_back({dx * dx + dy * dy, {.zoom = grid.zoom, .column = column, .row = row}});
-        }
-    }
-    std::ranges::stable_sort(byDistance, {}, &std::pair<double, Cell>::first);
     std::vector<Cell> cells;
-    cells.reserve(byDistance.size());
-    for (const auto& [distance, cell] : byDistance)
-        cells.push_back(cell);
+    cells.reserve(static_cast<std::size_t>(grid.cellCount()));
+    for (std::int64_t row = grid.top; row < grid.bottom; ++row) {
+        for (std::int64_t column = grid.left; column < grid.right; ++column)
+            cells.push_back({.zoom = grid.zoom, .column = column, .row = row});
+    }
+    const double tiles = std::exp2(grid.zoom);
+    std::ranges::sort(cells, {}, [&](const Cell& cell) {
+        const double dx = static_cast<double>(cell.column) + 0.5 - center.x * tiles;
+        const double dy = static_cast<double>(cell.row) + 0.5 - center.y * tiles;
+        return std::tuple(dx * dx + dy * dy, cell.row, cell.column);
+    });
     return cells;
 }
 
@@ -145,8 +142,10 @@ public:
     {
         for (const TileKey& key : m_standIns)
             want(key);
-        std::ranges::stable_sort(m_plan.placements, {},
-                                 [](const TilePlacement& placement) { return placement.key.tile.zoom; });
+        std::ranges::sort(m_plan.placements, {}, [](const TilePlacement& placement) {
+            return std::tuple(placement.key.tile.zoom, placement.key.source, placement.ground.top,
+                              placement.ground.left);
+        });
         for (const TilePlacement& placement : m_plan.placements)
             m_plan.sources.push_back(placement.key.source);
         std::ranges::sort(m_plan.sources);

@@ -1,0 +1,130 @@
+#include "tilemap/client/MapSources.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace ospra {
+namespace {
+
+QByteArray listOf(const std::string& entries)
+{
+    return QByteArray::fromStdString(R"({"sources": [)" + entries + "]}");
+}
+
+const std::string least = R"({"id": "a", "kind": "imagery", "address": "https://h/{z}/{x}/{y}")";
+
+TEST(MapSources, areReadWithTheirUsualValues)
+{
+    EXPECT_EQ(parseMapSources(listOf(least + "}")),
+              (std::vector<MapSource>{{.id = "a", .address = "https://h/{z}/{x}/{y}"}}));
+    const MapSource whole{.id = "b-2",
+                          .kind = MapSourceKind::vector,
+                          .tileJson = "https://h/doc",
+                          .lowestZoom = 3,
+                          .nativeZoom = 19,
+                          .tileSize = 512,
+                          .bounds = {{{47, 8}, {46, 8}, {46, 9}}},
+                          .attribution = "© H",
+                          .attributionLink = "https://h",
+                          .leastBytes = 900};
+    EXPECT_EQ(parseMapSources(listOf(R"({"id": "b-2", "kind": "vector", "tileJson": "https://h/doc", "lowestZoom": 3,
+        "nativeZoom": 19, "tileSize": 512, "bounds": [[[8, 47], [8, 46], [9, 46]]], "attribution": "© H",
+        "attributionLink": "https://h", "leastBytes": 900, "unheard": 1})")),
+              std::vector{whole});
+}
+
+TEST(MapSources, loseTheEntriesThatAreBroken)
+{
+    const std::string good = R"({"id": "good", "kind": "vector", "tileJson": "https://h/doc"})";
+    for (const std::string& broken :
+         {std::string("7"),
+          std::string("null"),
+          std::string("{}"),
+          std::string(R"({"id": "a", "kind": "imagery"})"),
+          std::string(R"({"id": "../a", "kind": "imagery", "address": "https://h/{z}/{x}/{y}"})"),
+          std::string(R"({"id": "a", "kind": "sound", "address": "https://h/{z}/{x}/{y}"})"),
+          std::string(R"({"id": "a", "kind": "imagery", "address": "http://h/{z}/{x}/{y}"})"),
+          std::string(R"({"id": "a", "kind": "imagery", "address": "https://h/{z}/{x}"})"),
+          least + R"(, "tileJson": "https://h/doc"})",
+          least + R"(, "nativeZoom": 2.5})",
+          least + R"(, "nativeZoom": 99})",
+          least + R"(, "lowestZoom": 15})",
+          least + R"(, "tileSize": 0})",
+          least + R"(, "leastBytes": -1})",
+          least + R"(, "bounds": []})",
+          least + R"(, "bounds": 3})",
+          least + R"(, "bounds": [[[8, 47], [8, 46]]]})",
+          least + R"(, "bounds": [[[8, 47], [8, 46], [9]]]})",
+          least + R"(, "bounds": [[[8, 47], [8, 46], [900, 1]]]})",
+          good}) { // the last: twice the same id
+        const auto sources = parseMapSources(listOf(good + "," + broken));
+        ASSERT_TRUE(sources) << broken;
+        EXPECT_EQ(sources->size(), 1U) << broken;
+    }
+    EXPECT_EQ(parseMapSources(listOf(least + R"(, "attributionLink": "javascript:x"})"))->front().attributionLink, "");
+    for (const char* text : {"", "[]", "{", "{}", R"({"sources": 3})"})
+        EXPECT_FALSE(parseMapSources(text)) << text;
+}
+
+bool isInside(const std::vector<Coordinate>& polygon, Coordinate place)
+{
+    bool inside = false;
+    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
+        const Coordinate& a = polygon[i];
+        const Coordinate& b = polygon[j];
+        if ((a.latitude > place.latitude) != (b.latitude > place.latitude) &&
+            place.longitude <
+                a.longitude + (b.longitude - a.longitude) * (place.latitude - a.latitude) / (b.latitude - a.latitude))
+            inside = !inside;
+    }
+    return inside;
+}
+
+TEST(MapSources, ofTheProgramShowEachCountryItsOwn)
+{
+    const std::vector<MapSource> sources = loadMapSources(); // what the build put beside the programs
+    ASSERT_EQ(sources.size(), 8U);
+    EXPECT_EQ(sources.front().id, "eox-sentinel2");
+    EXPECT_TRUE(sources.front().bounds.empty());
+    EXPECT_EQ(sources.back().kind, MapSourceKind::vector);
+    struct Row {
+        const char* place;
+        Coordinate coordinate;
+        const char* source; ///< the topmost with pictures of it
+    };
+    for (const auto& [place, coordinate, id] : {
+             Row{"Perris", {33.76, -117.2}, "usgs-imagery"},    Row{"Anchorage", {61.2, -149.9}, "usgs-imagery"},
+             Row{"Juneau", {58.3, -134.4}, "usgs-imagery"},     Row{"Hilo", {19.7, -155.1}, "usgs-imagery"},
+             Row{"San Juan", {18.4, -66.1}, "usgs-imagery"},    Row{"Vancouver", {49.25, -123.1}, "eox-sentinel2"},
+             Row{"Toronto", {43.7, -79.4}, "eox-sentinel2"},    Row{"Tijuana", {32.5, -117.0}, "eox-sentinel2"},
+             Row{"Gap", {44.45, 6.04}, "ign-france"},           Row{"Strasbourg", {48.58, 7.74}, "ign-france"},
+             Row{"Ajaccio", {41.93, 8.74}, "ign-france"},       Row{"Geneva", {46.2, 6.14}, "swissimage"},
+             Row{"Basel", {47.56, 7.59}, "swissimage"},         Row{"Lugano", {46.0, 8.96}, "swissimage"},
+             Row{"Vaduz", {47.14, 9.52}, "eox-sentinel2"},      Row{"Salzburg", {47.8, 13.05}, "basemap-austria"},
+             Row{"Bratislava", {48.15, 17.1}, "eox-sentinel2"}, Row{"Empuriabrava", {42.26, 3.11}, "pnoa-spain"},
+             Row{"Palma", {39.57, 2.65}, "pnoa-spain"},         Row{"Lisbon", {38.7, -9.1}, "eox-sentinel2"},
+             Row{"Andorra", {42.5, 1.52}, "eox-sentinel2"},     Row{"Texel", {53.1, 4.8}, "pdok-netherlands"},
+             Row{"Antwerp", {51.2, 4.4}, "eox-sentinel2"},      Row{"Sydney", {-33.9, 151.2}, "eox-sentinel2"},
+         }) {
+        std::string topmost;
+        for (const MapSource& source : sources) {
+            const bool shows = source.bounds.empty() || std::ranges::any_of(source.bounds, [&](const auto& polygon) {
+                                   return isInside(polygon, coordinate);
+                               });
+            if (shows && source.kind == MapSourceKind::imagery)
+                topmost = source.id;
+        }
+        EXPECT_EQ(topmost, id) << place;
+    }
+}
+
+} // namespace
+} // namespace ospra

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tests/support/TileServer.h"
+#include "tilemap/client/TileStore.h"
+
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ospra {
+
+/// Runs the event loop until the condition holds, for at most ten seconds.
+[[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
+/// Runs the event loop for a while.
+void waitFor(std::chrono::milliseconds time);
+
+/// Tile stores that ask a server of the test's own. A second of waiting is 50 ms unless told otherwise.
+class StoreBed {
+public:
+    StoreBed();
+
+    [[nodiscard]] MapSource imagery() const;
+    /// Ends the store there was, and makes one.
+    TileStore& start(const std::vector<MapSource>& sources);
+    TileStore& start() { return start({imagery()}); }
+    void stop() { m_store.reset(); }
+
+    [[nodiscard]] TileStore& store() { return *m_store; }
+    /// Wants one tile and waits until it is ready or missing.
+    [[nodiscard]] TileState fetch(const TileKey& key);
+
+    TileServer server;
+    TileStoreOptions options;
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<TileStore> m_store;
+};
+
+/// A tile at zoom 12; every `x` is another one.
+[[nodiscard]] inline TileKey tileAt(int x, int source = 0)
+{
+    return {source, {.zoom = 12, .x = x, .y = 1400}};
+}
+
+[[nodiscard]] std::string pathOf(const TileKey& key);
+
+} // namespace ospra

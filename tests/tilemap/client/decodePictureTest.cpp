@@ -1,0 +1,68 @@
+#include "tilemap/client/decodePicture.h"
+
+#include "tests/support/AerialPicture.h"
+
+#include <QBuffer>
+
+#include <gtest/gtest.h>
+
+namespace ospra {
+namespace {
+
+QByteArray encoded(const QImage& picture, const char* format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, format);
+    return bytes;
+}
+
+QImage plain(int width, int height, QImage::Format format = QImage::Format_RGB32)
+{
+    QImage picture(width, height, format);
+    picture.fill(0x80402010);
+    return picture;
+}
+
+TEST(DecodePicture, makesWhatTexturesTake)
+{
+    EXPECT_EQ(decodePicture(encoded(plain(256, 200), "JPEG")).format(), QImage::Format_RGB32);
+    EXPECT_EQ(decodePicture(encoded(plain(8, 8, QImage::Format_Grayscale8), "JPEG")).format(), QImage::Format_RGB32);
+    EXPECT_EQ(decodePicture(encoded(plain(8, 8), "PNG")).format(), QImage::Format_RGB32);
+    const QImage translucent = decodePicture(encoded(plain(8, 8, QImage::Format_ARGB32), "PNG"));
+    EXPECT_EQ(translucent.format(), QImage::Format_ARGB32_Premultiplied);
+    EXPECT_EQ(qAlpha(translucent.pixel(0, 0)), 0x80);
+}
+
+TEST(DecodePicture, takesTilesOfAnyUsualSizeOnly)
+{
+    EXPECT_EQ(decodePicture(encoded(plain(1024, 1024), "JPEG")).size(), QSize(1024, 1024));
+    EXPECT_TRUE(decodePicture(encoded(plain(1025, 4), "JPEG")).isNull());
+    EXPECT_TRUE(decodePicture(encoded(plain(4, 1025), "PNG")).isNull());
+}
+
+TEST(DecodePicture, takesNothingThatIsCutOff)
+{
+    const QImage ground = paintAerial({12, 2100, 1400}, {}, 64);
+    for (const char* format : {"JPEG", "PNG"}) {
+        const QByteArray whole = encoded(ground, format);
+        EXPECT_FALSE(decodePicture(whole).isNull());
+        EXPECT_FALSE(decodePicture(whole + QByteArray(8, '\0')).isNull()); // some writers pad
+        for (qsizetype size = 0; size < whole.size() - 8; size += 7)
+            EXPECT_TRUE(decodePicture(whole.first(size)).isNull()) << format << size;
+    }
+}
+
+TEST(DecodePicture, takesNoOtherFormat)
+{
+    EXPECT_TRUE(decodePicture(encoded(plain(8, 8), "BMP")).isNull());
+    EXPECT_TRUE(decodePicture("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>").isNull());
+    EXPECT_TRUE(decodePicture("GIF89a\x01").isNull());
+    EXPECT_TRUE(decodePicture(QByteArray("\x89PNG\r\n\x1A\n") + "rubbish IEND").isNull());
+    EXPECT_TRUE(decodePicture("\xFF\xD8\xFF rubbish \xFF\xD9").isNull());
+    EXPECT_TRUE(decodePicture(QByteArray("RIFF\x10\0\0\0WEBPrubbishrubbish", 26)).isNull());
+}
+
+} // namespace
+} // namespace ospra

@@ -39,13 +39,14 @@ bool isNamed(RoadClass roadClass)
     return roadClass <= RoadClass::tertiary;
 }
 
-void addPlaces(std::vector<MapName>& names, const VectorTile& tile, const TileSquare& square, const LayerFrame& frame)
+void addPlaces(std::vector<MapName>& names, const VectorTile& tile, std::span<const TilePart> hidden,
+               const TileSquare& square, const LayerFrame& frame)
 {
     for (const TilePlace& place : tile.places) {
         const PlaceLook look = lookOf(place.placeClass);
         const PixelPoint point = square.pixelAt(place.point);
         if (frame.camera.zoom < look.lowestZoom || frame.camera.zoom >= look.highestZoom ||
-            !countsForNames(point, frame))
+            isInAny(hidden, place.point) || !countsForNames(point, frame))
             continue;
         names.push_back({.text = place.name,
                          .size = look.size,
@@ -55,12 +56,12 @@ void addPlaces(std::vector<MapName>& names, const VectorTile& tile, const TileSq
     }
 }
 
-void addRoadNames(std::vector<MapName>& names, const VectorTile& tile, const TileSquare& square,
-                  const LayerFrame& frame)
+void addRoadNames(std::vector<MapName>& names, const VectorTile& tile, std::span<const TilePart> hidden,
+                  const TileSquare& square, const LayerFrame& frame)
 {
     constexpr double sizeOfRoadNames = 0.82;
     for (const TileRoadName& road : tile.roadNames) {
-        if (!isNamed(road.roadClass))
+        if (!isNamed(road.roadClass) || isInAny(hidden, road.points[road.points.size() / 2]))
             continue;
         std::vector<PixelPoint> line;
         line.reserve(road.points.size());
@@ -90,10 +91,11 @@ std::vector<MapName> chooseNames(std::span<const PlacedVectorTile> tiles, const 
     for (const PlacedVectorTile& placed : tiles) {
         if (!placed.features)
             continue;
+        const std::vector<TilePart> hidden = partsOfFinerTiles(placed.tile, tiles);
         for (const TileSquare& square : tileSquares(placed.tile, frame, margin * frame.scale)) {
-            addPlaces(names, *placed.features, square, frame);
+            addPlaces(names, *placed.features, hidden, square, frame);
             if (frame.camera.zoom >= roadNamesFromZoom)
-                addRoadNames(names, *placed.features, square, frame);
+                addRoadNames(names, *placed.features, hidden, square, frame);
         }
     }
     // A moved picture moves all points alike, so their order stays what it is on the ground.

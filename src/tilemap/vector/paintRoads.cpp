@@ -4,7 +4,6 @@
 #include "tilemap/vector/RoadStyle.h"
 
 #include <algorithm>
-#include <array>
 #include <cassert>
 #include <cmath>
 
@@ -17,6 +16,7 @@ constexpr std::uint32_t casingColor = 0x000000;
 struct PlacedRoad {
     const TileRoad* road = nullptr;
     TileSquare square{};
+    std::span<const TilePart> hidden{}; ///< of the road's tile
 };
 
 /// The roads of a class that look alike.
@@ -25,33 +25,37 @@ struct RoadGroup {
     RoadStyle style{};
 };
 
-/// The roads that are shown, from the group drawn first to the one drawn last: tunnels lie below all others.
-std::vector<RoadGroup> groupRoads(std::span<const PlacedVectorTile> tiles, const LayerFrame& frame)
+/// The place of a road's group among all: tunnels lie below all others, ramps below what they lead to.
+std::size_t groupIndex(RoadClass roadClass, bool isRamp, bool isTunnel)
 {
     constexpr std::size_t classCount = roadClassesFromBelow.size();
+    const auto* const found = std::find(roadClassesFromBelow.begin(), roadClassesFromBelow.end(), roadClass);
+    const auto order = static_cast<std::size_t>(found - roadClassesFromBelow.begin());
+    return 2 * (order + (isTunnel ? 0 : classCount)) + (isRamp ? 0 : 1);
+}
+
+/// The roads that are shown, from the group drawn first to the one drawn last.
+/// @param hiddenParts of each tile
+std::vector<RoadGroup> groupRoads(std::span<const PlacedVectorTile> tiles,
+                                  std::span<const std::vector<TilePart>> hiddenParts, const LayerFrame& frame)
+{
+    constexpr double widest = 40.0; // logical px; what a line at the tile's edge may reach beyond it
     const double zoom = frame.camera.zoom;
-    std::array<std::size_t, classCount> orderOf{};
-    std::vector<RoadGroup> groups(classCount * 4);
-    for (std::size_t i = 0; i < classCount; ++i) {
-        const RoadClass roadClass = roadClassesFromBelow[i];
-        orderOf[static_cast<std::size_t>(roadClass)] = i;
-        for (const bool isTunnel : {true, false}) {
-            for (const bool isRamp : {true, false})
-                groups[(isTunnel ? 0 : 2 * classCount) + 2 * i + (isRamp ? 0 : 1)].style =
-                    roadStyle(roadClass, isRamp, isTunnel, zoom);
+    std::vector<RoadGroup> groups(4 * roadClassesFromBelow.size());
+    for (const RoadClass roadClass : roadClassesFromBelow) {
+        for (const bool isRamp : {false, true}) {
+            for (const bool isTunnel : {false, true})
+                groups[groupIndex(roadClass, isRamp, isTunnel)].style = roadStyle(roadClass, isRamp, isTunnel, zoom);
         }
     }
-    constexpr double widest = 40.0; // logical px; what a line at the tile's edge may reach beyond it
-    for (const PlacedVectorTile& placed : tiles) {
-        if (!placed.features)
+    for (std::size_t i = 0; i < tiles.size(); ++i) {
+        if (!tiles[i].features)
             continue;
-        for (const TileSquare& square : tileSquares(placed.tile, frame, widest * frame.scale)) {
-            for (const TileRoad& road : placed.features->roads) {
-                if (zoom < lowestZoomOf(road.roadClass, road.isRamp))
-                    continue;
-                const std::size_t order = orderOf[static_cast<std::size_t>(road.roadClass)];
-                groups[(road.isTunnel ? 0 : 2 * classCount) + 2 * order + (road.isRamp ? 0 : 1)].roads.push_back(
-                    {&road, square});
+        for (const TileSquare& square : tileSquares(tiles[i].tile, frame, widest * frame.scale)) {
+            for (const TileRoad& road : tiles[i].features->roads) {
+                if (zoom >= lowestZoomOf(road.roadClass, road.isRamp))
+                    groups[groupIndex(road.roadClass, road.isRamp, road.isTunnel)].roads.push_back(
+                        {&road, square, hiddenParts[i]});
             }
         }
     }
@@ -65,13 +69,18 @@ void strokeRoad(CoverageMask& mask, const PlacedRoad& placed, DashPattern dash, 
     DashedPen pen(mask, dash, scale);
     const std::vector<TilePoint>& points = placed.road->points;
     PixelPoint last = placed.square.pixelAt(points.front());
+    std::size_t lastIndex = 0;
     for (std::size_t i = 1; i < points.size(); ++i) {
         const PixelPoint next = placed.square.pixelAt(points[i]);
         const double step = std::abs(next.x - last.x) + std::abs(next.y - last.y);
         if (step < leastStep && i + 1 < points.size())
             continue;
-        pen.lineTo(last, next);
+        const TilePoint middle{.x = (points[lastIndex].x + points[i].x) / 2.0F,
+                               .y = (points[lastIndex].y + points[i].y) / 2.0F};
+        if (!isInAny(placed.hidden, middle))
+            pen.lineTo(last, next);
         last = next;
+        lastIndex = i;
     }
 }
 
@@ -112,25 +121,23 @@ void paintRoads(std::span<const PlacedVectorTile> tiles, const LayerFrame& frame
                 std::ptrdiff_t pixelStride)
 {
     assert(frame.columns <= pixelStride && std::ssize(pixels) >= pixelStride * frame.rows);
-    const std::vector<RoadGroup> groups = groupRoads(tiles, frame);
+    std::vector<std::vector<TilePart>> hiddenParts;
+    hiddenParts.reserve(tiles.size());
+    for (const PlacedVectorTile& placed : tiles)
+        hiddenParts.push_back(partsOfFinerTiles(placed.tile, tiles));
+    const std::vector<RoadGroup> groups = groupRoads(tiles, hiddenParts, frame);
     CoverageMask mask;
     mask.resize(frame.columns, frame.rows);
     std::vector<std::uint32_t> layer(static_cast<std::size_t>(frame.columns) * static_cast<std::size_t>(frame.rows));
     // All casings lie below all lines, so that crossings stay open.
-    const auto casings = [&](const RoadGroup& group) {
+    for (const RoadGroup& group : groups) {
+        if (group.style.casingWidth <= 0.0)
+            continue;
         mask.setStrokeWidth(group.style.casingWidth * frame.scale);
         for (const PlacedRoad& road : group.roads)
             strokeRoad(mask, road, {}, frame.scale);
-    };
-    bool hasCasings = false;
-    for (const RoadGroup& group : groups) {
-        if (group.style.casingWidth > 0.0 && !group.roads.empty()) {
-            casings(group);
-            hasCasings = true;
-        }
     }
-    if (hasCasings)
-        mask.paintOver(layer, opaque | casingColor);
+    mask.paintOver(layer, opaque | casingColor);
     for (const RoadGroup& group : groups) {
         if (group.roads.empty())
             continue;

@@ -68,6 +68,24 @@ TEST(ChooseNames, leavesOutWhatIsFarAway)
     EXPECT_THAT(textsOf(tile, frameAt(14.0, {0.5, 0.6})), IsEmpty());
 }
 
+TEST(ChooseNames, leavesToFinerTilesWhatTheyShow)
+{
+    const auto withTown = [](const TileID& tile, const char* name, float x) {
+        return PlacedVectorTile{
+            tile, std::make_shared<const VectorTile>(VectorTile{.places = {{name, PlaceClass::town, 1, {x, 0.25F}}}})};
+    };
+    const auto textsOfBoth = [&](const TileID& finer) {
+        std::vector<std::string> texts;
+        const std::vector tiles{withTown({13, 4096, 4096}, "Coarse", 0.75F), withTown(finer, "Fine", 0.5F)};
+        for (const MapName& name : chooseNames(tiles, frameAt(14.0)))
+            texts.emplace_back(name.text);
+        return texts;
+    };
+    EXPECT_THAT(textsOfBoth(middleTile), ElementsAre("Coarse", "Fine")) << "each in a quarter of its own";
+    EXPECT_THAT(textsOfBoth({14, 8193, 8192}), ElementsAre("Fine"));
+    EXPECT_THAT(textsOfBoth({14, 8193, 8193}), ElementsAre("Coarse", "Fine"));
+}
+
 TEST(ChooseNames, isBounded)
 {
     VectorTile tile;

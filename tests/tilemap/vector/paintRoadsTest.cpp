@@ -123,6 +123,20 @@ TEST(PaintRoads, keepsCrossingsEven)
     EXPECT_EQ(near.at(x, 128 + 25), near.at(x, 128 + 60)) << "the greater road at the crossing and away from it";
 }
 
+TEST(PaintRoads, leavesToFinerTilesWhatTheyShow)
+{
+    // The coarse tile is 362 px wide; the finer one is its north-west quarter and has no road.
+    const auto coarse =
+        placed({13, 4096, 4096}, {road(RoadClass::primary, {{0.25F, -0.3F}, {0.25F, -0.1F}, {0.25F, 0.3F}})});
+    const Picture alone = paint({coarse}, 13.5);
+    const Picture both = paint({placed(middleTile, {}), coarse}, 13.5);
+    const int x = 128 + 90;
+    EXPECT_GT(alone.alphaAt(x, 128 - 72), 100U);
+    EXPECT_EQ(both.alphaAt(x, 128 - 72), alone.alphaAt(x, 128 - 72));
+    EXPECT_GT(alone.alphaAt(x, 128 + 54), 100U);
+    EXPECT_EQ(both.alphaAt(x, 128 + 54), 0U);
+}
+
 TEST(PaintRoads, showsTheWorldOnEveryTurn)
 {
     const std::vector tiles{placed({0, 0, 0}, {road(RoadClass::motorway, {{0.5F, 0.2F}, {0.5F, 0.8F}})})};

@@ -42,38 +42,71 @@ Samples flyJump(Dice& dice)
                      .startSeconds = makeStart(dice)});
 }
 
-/// Even flight at speeds that lie on the thresholds or beside them, all of them numbers that sums keep exact. Legs that
-/// do not sink have a total speed that is exact as well, and its falls are those that the detection asks for.
+/// A stretch of even flight.
+struct Leg {
+    double sink = 0.0;
+    double forward = 0.0;
+    std::ptrdiff_t count = 1;
+};
+
+/// Flies the legs, one second a sample. Forward speeds of 3:4 north and east give whole total speeds too.
+Samples flyAlong(Dice& dice, std::span<const Leg> legs)
+{
+    constexpr std::array accuracies{0.0, 0.5, 9.99, 10.0, 10.5, 3.0, 3.0, 3.0};
+    const bool isDiagonal = dice.oneIn(2);
+    const double accuracy = dice.oneOf(accuracies);
+    Samples samples;
+    double altitude = dice.real(0.0, 4000.0);
+    double time = makeStart(dice);
+    for (const Leg& leg : legs) {
+        const bool isFlat = dice.oneIn(6); // of equal altitudes the earliest counts
+        for (std::ptrdiff_t i = leg.count; i > 0; --i) {
+            samples.push_back(
+                {.id = makeUuid(),
+                 .time = {time},
+                 .coordinate = {.latitude = 46.0 + leg.forward * 1e-6, .longitude = 8.0 + altitude * 1e-6},
+                 .altitudeMSL = altitude,
+                 .velocityNorth = isDiagonal ? leg.forward * 0.6 : leg.forward,
+                 .velocityEast = isDiagonal ? leg.forward * 0.8 : 0.0,
+                 .velocityDown = leg.sink,
+                 .horizontalAccuracy = 2.0,
+                 .verticalAccuracy = samples.size() < 15 ? dice.oneOf(accuracies) : accuracy});
+            altitude -= isFlat ? 0.0 : leg.sink;
+            time += 1.0;
+        }
+    }
+    return samples;
+}
+
+/// Even flight at speeds that lie on the thresholds or beside them.
 Samples flyLegs(Dice& dice)
 {
     constexpr std::array sinks{-5.0,  0.0,  0.0,  0.0,  0.5,    0.50390625, 3.0,  5.0,  8.0,  10.0,   12.0,
                                12.03, 14.9, 15.0, 19.5, 19.984, 20.0,       20.1, 20.5, 28.0, 40.625, 50.0};
     constexpr std::array forwards{0.0, 0.0, 0.25, 3.0, 5.0, 10.0, 25.0, 30.0, 31.0, 36.0, 40.0, 49.0, 49.3, 60.0, 75.0};
-    constexpr std::array accuracies{0.0, 0.5, 9.99, 10.0, 10.5, 3.0, 3.0, 3.0};
-    const bool isDiagonal = dice.oneIn(2);
-    Samples samples;
-    double altitude = dice.real(0.0, 4000.0);
-    double time = makeStart(dice);
-    const double accuracy = dice.oneOf(accuracies);
-    for (std::ptrdiff_t legs = dice.between(1, 9); legs > 0; --legs) {
-        const double sink = dice.oneOf(sinks);
-        const double forward = dice.oneOf(forwards);
-        const bool isFlat = dice.oneIn(6); // of equal altitudes the earliest counts
-        for (std::ptrdiff_t i = dice.between(1, 45); i > 0; --i) {
-            samples.push_back({.id = makeUuid(),
-                               .time = {time},
-                               .coordinate = {.latitude = 46.0 + forward * 1e-6, .longitude = 8.0 + altitude * 1e-6},
-                               .altitudeMSL = altitude,
-                               .velocityNorth = isDiagonal ? forward * 0.6 : forward,
-                               .velocityEast = isDiagonal ? forward * 0.8 : 0.0,
-                               .velocityDown = sink,
-                               .horizontalAccuracy = 2.0,
-                               .verticalAccuracy = samples.size() < 15 ? dice.oneOf(accuracies) : accuracy});
-            altitude -= isFlat ? 0.0 : sink;
-            time += 1.0;
-        }
+    std::vector<Leg> legs(static_cast<std::size_t>(dice.between(1, 9)));
+    for (Leg& leg : legs)
+        leg = {.sink = dice.oneOf(sinks), .forward = dice.oneOf(forwards), .count = dice.between(1, 45)};
+    return flyAlong(dice, legs);
+}
+
+/// A straight fall and an opening that takes just as much speed as the detection asks for, or a little more or less.
+Samples flyOpening(Dice& dice)
+{
+    constexpr std::array falls{25.0, 36.0, 40.0, 50.0, 75.0};
+    constexpr std::array drops{6.0, 8.0, 9.0, 8.99, 9.01, 10.0, 10.01, 12.0, 11.99, 14.0};
+    const double fall = dice.oneOf(falls);
+    const auto slower = [&](double share) { return fall - (dice.oneIn(4) ? share * fall : dice.oneOf(drops)); };
+    std::vector<Leg> legs{{.sink = -5.0, .forward = 40.0, .count = dice.between(0, 30)},
+                          {.sink = fall, .count = dice.between(0, 60)}};
+    for (std::ptrdiff_t steps = dice.between(1, 3); steps > 0; --steps) {
+        const bool isLevel = !dice.oneIn(4);
+        legs.push_back({.sink = isLevel ? 0.0 : slower(0.28),
+                        .forward = isLevel ? slower(0.18) : 0.0,
+                        .count = dice.between(1, 25)});
     }
-    return samples;
+    legs.push_back({.sink = legs.back().sink, .forward = legs.back().forward - 6.0, .count = dice.between(0, 12)});
+    return flyAlong(dice, legs);
 }
 
 /// Samples of one even movement: standing about, or riding up and down again in the aircraft.
@@ -183,7 +216,7 @@ void damageValues(Dice& dice, Samples& samples)
 
 Samples flyAnything(Dice& dice)
 {
-    switch (dice.below(10)) {
+    switch (dice.below(11)) {
     case 0: return flySeveralJumps(dice);
     case 1: return ride(dice, 0.0, 0.0);
     case 2: return ride(dice, 5.0, dice.real(2.0, 8.0));
@@ -195,6 +228,7 @@ Samples flyAnything(Dice& dice)
     case 4:
     case 5:
     case 6: return flyLegs(dice);
+    case 7: return flyOpening(dice);
     default: return flyJump(dice);
     }
 }
@@ -204,6 +238,8 @@ Samples flyAnything(Dice& dice)
 Samples makeFlight(Dice& dice, Damage damage)
 {
     Samples samples = flyAnything(dice);
+    if (samples.empty()) // all its legs had no length
+        samples.resize(1);
     if (dice.oneIn(3))
         addNoise(dice, samples);
     if (dice.oneIn(3))

@@ -162,7 +162,7 @@ QVariant FlightMapModel::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> FlightMapModel::roleNames() const
 {
-    return {{NameRole, "name"}, {ColorRole, "markerColor"}, {PlaceRole, "place"}};
+    return {{NameRole, "name"}, {ColorRole, "markerColor"}, {PlaceRole, "markerPlace"}};
 }
 
 } // namespace ospra

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Ospra.Controls
@@ -15,9 +16,9 @@ T.Control {
     /// To the part of the flight that the charts are zoomed to, or to everything.
     function moveCamera() {
         if (flight.hasRegion)
-            map.showRegion(flight.regionCenter, flight.regionSpans);
+            ground.showRegion(flight.regionCenter, flight.regionSpans);
         else
-            map.frameContent();
+            ground.frameContent();
     }
 
     focusPolicy: Qt.StrongFocus
@@ -25,12 +26,12 @@ T.Control {
     Accessible.name: qsTr("Map")
     Keys.onPressed: event => {
         const isPlain = !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
-        event.accepted = isPlain && map.pressKey(event.key);
+        event.accepted = isPlain && ground.pressKey(event.key);
     }
     Component.onCompleted: root.moveCamera()
 
     TileMap {
-        id: map
+        id: ground
 
         anchors.fill: parent
         content: flight.content
@@ -41,7 +42,7 @@ T.Control {
         onTouched: root.forceActiveFocus(Qt.MouseFocusReason)
 
         MapIcon {
-            map: map
+            map: ground
             place: flight.jumpRunEnd
             icon: "jump-run"
             size: Theme.iconMapSmall
@@ -50,38 +51,38 @@ T.Control {
         }
 
         MapCaption {
-            map: map
+            map: ground
             place: flight.jumpRunStart
             text: qsTr("Jump Run")
         }
 
         MapIcon {
-            map: map
+            map: ground
             place: flight.exitPlace
             title: qsTr("Exit")
             icon: "airplane-departing"
             size: Theme.iconMap
             color: Theme.mapExit
             padding: Theme.mapChipPadding
-            ground: Theme.mapChip
+            disc: Theme.mapChip
         }
 
         MapIcon {
-            map: map
+            map: ground
             place: flight.landingPlace
             title: qsTr("Landing")
             icon: "landing"
             size: Theme.iconMap
             color: Theme.mapLanding
             padding: Theme.mapChipPadding
-            ground: Theme.mapChip
+            disc: Theme.mapChip
         }
 
         Repeater {
             model: flight
 
             MapHoverMarker {
-                map: map
+                map: ground
             }
         }
     }
@@ -89,8 +90,8 @@ T.Control {
     MapScaleBar {
         x: Theme.space10
         y: root.height - height - Theme.space8
-        length: map.scaleBarWidth
-        text: map.scaleBarText
+        length: ground.scaleBarWidth
+        text: ground.scaleBarText
     }
 
     FocusRing {

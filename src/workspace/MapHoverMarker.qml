@@ -9,9 +9,10 @@ MapAnchor {
 
     required property string name
     required property color markerColor
-    required place
+    required property mapPlace markerPlace
 
     anchorPoint: Qt.point(0.5, 1)
+    place: root.markerPlace
     width: Math.max(words.width, dot.width)
     height: words.height + Theme.space2 + dot.height
     Accessible.role: Accessible.StaticText

@@ -11,7 +11,7 @@ MapAnchor {
     property alias size: picture.size
     property alias color: picture.color
     property real padding: 0
-    property color ground: "transparent"
+    property color disc: "transparent"
 
     width: picture.width + 2 * root.padding
     height: root.width
@@ -22,7 +22,7 @@ MapAnchor {
     Rectangle {
         anchors.fill: parent
         radius: width / 2
-        color: root.ground
+        color: root.disc
     }
 
     Icon {

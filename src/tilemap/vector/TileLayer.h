@@ -29,9 +29,9 @@ struct TileProperties {
 struct TileLayer {
     std::string_view name{};
     std::uint32_t version = 1;
-    std::uint32_t extent = 4096;              ///< units along a side of the tile
-    std::vector<std::string_view> keys{};     ///
-    std::vector<TileValue> values{};          ///
+    std::uint32_t extent = 4096; ///< units along a side of the tile
+    std::vector<std::string_view> keys{};
+    std::vector<TileValue> values{};
     std::vector<std::string_view> features{}; ///< their messages, unread
 };
 

@@ -21,6 +21,18 @@ void ContentState::setSource(OspraModel* source)
     emit sourceChanged();
 }
 
+void ContentState::zoomToFreefall() const
+{
+    if (m_source)
+        m_source->chooseZoomMode(ZoomMode::freefall);
+}
+
+void ContentState::zoomToCanopy() const
+{
+    if (m_source)
+        m_source->chooseZoomMode(ZoomMode::canopy);
+}
+
 void ContentState::update()
 {
     const Screen screen = currentScreen();

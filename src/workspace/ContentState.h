@@ -27,6 +27,10 @@ public:
     /// No list yet, and one is on its way.
     [[nodiscard]] bool sidebarIsLoading() const { return m_sidebarIsLoading; }
 
+    /// The named zooms, as the commands of the menus ask for them.
+    Q_INVOKABLE void zoomToFreefall() const;
+    Q_INVOKABLE void zoomToCanopy() const;
+
 signals:
     void sourceChanged();
     void screenChanged();

@@ -9,6 +9,7 @@ FocusScope {
     id: root
 
     required property OspraModel source
+    required property WindowCommands commands
 
     Component.onCompleted: {
         root.source.restoreFolders();
@@ -23,6 +24,32 @@ FocusScope {
 
         function onUseMetricChanged() {
             root.source.rebuildDisplayData();
+        }
+    }
+
+    // The commands of the menus, while this is on screen.
+    Connections {
+        target: root.commands
+        enabled: root.visible
+
+        function onOpenFolder() {
+            panel.openFolder();
+        }
+
+        function onAddCompanionFolder() {
+            panel.addCompanion();
+        }
+
+        function onZoomToFreefall() {
+            content.zoomToFreefall();
+        }
+
+        function onZoomToCanopy() {
+            content.zoomToCanopy();
+        }
+
+        function onZoomToAll() {
+            root.source.clearZoom();
         }
     }
 

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Ospra.Theme
+import Ospra.Workspace
 
 /// The key numbers of one track. With several tracks its name comes first, as the switch that hides the track.
 Item {
@@ -18,10 +19,23 @@ Item {
     required property bool showName
     required property TextStyle textStyle
 
+    // The number that Tab stops at; the arrows go from number to number.
+    property int tabStop: 0
+
     signal toggled
+
+    function move(by: int) {
+        const from = numbers.itemAt(root.tabStop) as StatsItem;
+        const to = numbers.itemAt(root.tabStop + by) as StatsItem;
+        if (from && from.isFocused && to)
+            to.takeFocus();
+    }
 
     implicitWidth: row.width + 2 * Theme.padding
     implicitHeight: Theme.barRowHeight
+
+    Keys.onLeftPressed: root.move(-1)
+    Keys.onRightPressed: root.move(1)
 
     Row {
         id: row
@@ -41,6 +55,8 @@ Item {
         }
 
         Repeater {
+            id: numbers
+
             model: root.values.length
 
             StatsItem {
@@ -53,6 +69,8 @@ Item {
                 value: root.values[index] ?? ""
                 textStyle: root.textStyle
                 valueWidth: root.valueWidths[index] ?? 0
+                isTabStop: index === root.tabStop
+                onIsFocusedChanged: if (isFocused) root.tabStop = index
             }
         }
     }

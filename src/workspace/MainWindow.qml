@@ -8,6 +8,10 @@ ApplicationWindow {
     id: root
 
     required property OspraModel source
+    // What only the running program has.
+    property UnitsSetting units: null
+    property CheckForUpdatesViewModel updates: null
+    property list<string> mapCredits: []
 
     width: 1200
     height: 700
@@ -17,9 +21,38 @@ ApplicationWindow {
     title: "Ospra"
     color: Theme.chrome
 
+    menuBar: AppMenuBar {
+        source: root.source
+        commands: windowCommands
+        windows: smallWindows
+        updates: root.updates
+    }
+
+    WindowCommands {
+        id: windowCommands
+
+        objectName: "windowCommands"
+    }
+
+    ShellWindows {
+        id: smallWindows
+
+        units: root.units
+        updates: root.updates
+        mapCredits: root.mapCredits
+    }
+
+    FolderDropArea {
+        anchors.fill: parent
+        z: 1
+        source: root.source
+    }
+
     ContentView {
+        objectName: "content"
         anchors.fill: parent
         focus: true
         source: root.source
+        commands: windowCommands
     }
 }

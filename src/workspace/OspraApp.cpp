@@ -7,7 +7,10 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickStyle>
+#include <QScreen>
 #include <QtQml/QQmlExtensionPlugin>
+
+#include <algorithm>
 
 Q_IMPORT_QML_PLUGIN(Ospra_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Ospra_ControlsPlugin)
@@ -41,6 +44,26 @@ void refineFont()
     QGuiApplication::setFont(font);
 }
 
+/// Makes the window smaller than it wants to be where the screen has less room, frame and title bar included.
+void fitToScreen(QVariantMap& properties)
+{
+    constexpr QSize wanted(1200, 700);
+    constexpr QSize least(900, 560);
+    constexpr int titleBar = 40;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    const QSize room = screen->availableSize() - QSize(0, titleBar);
+    if (room.width() < wanted.width()) {
+        properties[QStringLiteral("width")] = room.width();
+        properties[QStringLiteral("minimumWidth")] = std::min(room.width(), least.width());
+    }
+    if (room.height() < wanted.height()) {
+        properties[QStringLiteral("height")] = room.height();
+        properties[QStringLiteral("minimumHeight")] = std::min(room.height(), least.height());
+    }
+}
+
 } // namespace
 
 void prepareApplication()
@@ -54,8 +77,12 @@ void prepareApplication()
     QQuickStyle::setStyle(QStringLiteral("Basic"));
 }
 
-OspraApp::OspraApp() : m_services(machineServices()), m_model(std::make_unique<OspraModel>(m_services))
+OspraApp::OspraApp()
+    : m_services(machineServices()), m_model(std::make_unique<OspraModel>(m_services)),
+      m_updates(makeUpdateCheck(QStringLiteral(OSPRA_UPDATE_FEED), QCoreApplication::applicationVersion())),
+      m_units(m_services.settings, m_services.localeIsMetric, *m_model)
 {
+    QObject::connect(&m_terminationSignals, &TerminationSignals::received, &QCoreApplication::quit);
     refineFont();
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Ospra/Theme/icons/ospra.svg")));
 }
@@ -71,8 +98,14 @@ bool OspraApp::openWindow()
 {
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_engine->setInitialProperties({{QStringLiteral("source"), QVariant::fromValue(m_model.get())}});
+    QVariantMap properties{{QStringLiteral("source"), QVariant::fromValue(m_model.get())},
+                           {QStringLiteral("units"), QVariant::fromValue(&m_units)},
+                           {QStringLiteral("updates"), QVariant::fromValue(m_updates.get())}};
+    fitToScreen(properties);
+    m_engine->setInitialProperties(properties);
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Ospra/Workspace/MainWindow.qml")));
+    if (m_updates)
+        m_updates->start();
     return window() != nullptr;
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "core/OspraModel.h"
+#include "workspace/shell/CheckForUpdatesViewModel.h"
+#include "workspace/shell/TerminationSignals.h"
+#include "workspace/shell/UnitsSetting.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
@@ -9,7 +12,7 @@
 
 namespace ospra {
 
-/// The running program: its one model and its one window. Needs a QApplication.
+/// The running program: its one model, its one window and the check for updates. Needs a QApplication.
 class OspraApp {
 public:
     /// Makes the model on the machine's own services, with the user's settings.
@@ -25,6 +28,9 @@ public:
 private:
     ModelServices m_services;
     std::unique_ptr<OspraModel> m_model;
+    std::unique_ptr<CheckForUpdatesViewModel> m_updates; ///< null where no feed was built in
+    UnitsSetting m_units;
+    TerminationSignals m_terminationSignals;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
 };
 

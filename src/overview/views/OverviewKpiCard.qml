@@ -2,18 +2,35 @@ import QtQuick
 import Ospra.Controls
 import Ospra.Theme
 
-/// One number of the overview with its name.
+/// One number of the overview with its name. The number can be copied.
 Card {
     id: root
 
     required property string title
     required property string value
 
+    property bool isTabStop: true
+    readonly property bool isFocused: target.activeFocus
+
+    /// Takes the keyboard's focus, as by a key.
+    function takeFocus() {
+        target.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     inset: Theme.cardPadding
     spacing: Theme.space4
 
-    Accessible.role: Accessible.StaticText
-    Accessible.name: root.title + ": " + root.value
+    CopyTarget {
+        id: target
+
+        parent: root
+        width: root.width
+        height: root.height
+        copyText: root.value
+        isTabStop: root.isTabStop
+        radius: root.radius
+        Accessible.name: root.title + ": " + root.value
+    }
 
     TextMetrics {
         id: fullSize

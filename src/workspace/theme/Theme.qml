@@ -80,6 +80,8 @@ DataColors {
     readonly property int sidebarMinimum: root.scaled(196)
     readonly property int alertWidth: root.scaled(224)
     readonly property int settingsWidth: root.scaled(300)
+    readonly property int aboutWidth: root.scaled(300)
+    readonly property int aboutWideWidth: root.scaled(460)
     readonly property int emptyStateWidth: root.scaled(320)
     readonly property int spinnerSize: root.scaled(20)
     readonly property int chartRowMinimum: root.scaled(122)

@@ -1,0 +1,114 @@
+#include "tests/workspace/shell/ShellTestBed.h"
+#include "workspace/shell/TerminationSignals.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <csignal>
+
+namespace ospra {
+namespace {
+
+class ShellWindows : public ShellTestBed {
+protected:
+    void openSettings()
+    {
+        press(Qt::Key_Comma, Qt::ControlModifier);
+        settings = windowTitled(QStringLiteral("Settings"));
+        ASSERT_TRUE(settings);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(settings));
+    }
+
+    QQuickWindow* settings = nullptr;
+};
+
+TEST_F(ShellWindows, theChoiceOfUnitsReachesTheModelThroughTheStoreOnly)
+{
+    openWindow();
+    openFolders();
+    press(Qt::Key_Down);
+    openSettings();
+    EXPECT_FALSE(bed.settings().contains("useMetric"));
+    const double metres = model.chartData().front()[DataSeries::elevation][0].value;
+    QTest::keyClick(settings, Qt::Key_Down);
+    EXPECT_TRUE(bed.settings().contains("useMetric"));
+    EXPECT_FALSE(bed.settings().boolean("useMetric"));
+    EXPECT_FALSE(units.useMetric());
+    EXPECT_TRUE(model.useMetric());
+    bed.settings().deliver();
+    EXPECT_FALSE(model.useMetric());
+    EXPECT_NEAR(model.chartData().front()[DataSeries::elevation][0].value, metres * 3.28084, 1e-6);
+    bed.settings().deliver(); // of the model's own write
+    QTest::keyClick(settings, Qt::Key_Up);
+    bed.settings().deliver();
+    EXPECT_TRUE(model.useMetric());
+}
+
+TEST_F(ShellWindows, thePaneFollowsAChangeByAnother)
+{
+    openWindow();
+    openSettings();
+    const QSignalSpy told(&units, &UnitsSetting::useMetricChanged);
+    bed.settings().setBoolean("useMetric", false);
+    bed.settings().deliver();
+    EXPECT_GE(told.count(), 1);
+    EXPECT_FALSE(units.useMetric());
+}
+
+TEST_F(ShellWindows, askedForTwiceIsShownOnceAndEscapeCloses)
+{
+    openWindow();
+    openSettings();
+    EXPECT_EQ(settings->width(), 300);
+    EXPECT_EQ(settings->transientParent(), window);
+    QQuickWindow* const first = settings;
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    openSettings();
+    EXPECT_EQ(settings, first);
+    QTest::keyClick(settings, Qt::Key_Escape);
+    EXPECT_FALSE(windowTitled(QStringLiteral("Settings")));
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    openSettings();
+    EXPECT_EQ(settings, first);
+}
+
+TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)
+{
+    openWindow();
+    QQuickItem* entry = nullptr;
+    QMetaObject::invokeMethod(menu(0), "itemAt", Q_RETURN_ARG(QQuickItem*, entry), Q_ARG(int, 0));
+    QMetaObject::invokeMethod(entry, "press");
+    QQuickWindow* const about = windowTitled(QStringLiteral("About Ospra"));
+    ASSERT_TRUE(about);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(about));
+    const int height = about->height();
+    qWarning()<<about->activeFocusItem()<<about->isActive()<<about->contentItem();
+    QTest::keyClick(about, Qt::Key_Space); // the button that shows the licence has the focus
+    EXPECT_TRUE(about->property("showsLicence").toBool());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return about->height() > height; }));
+    QTest::keyClick(about, Qt::Key_Backtab);
+    QQuickItem* const words = about->activeFocusItem();
+    ASSERT_TRUE(words);
+    const QString licence = words->property("text").toString();
+    EXPECT_TRUE(licence.startsWith(QStringLiteral("MIT License"))) << licence.toStdString();
+    EXPECT_TRUE(licence.contains(QStringLiteral("WITHOUT WARRANTY OF ANY KIND")));
+}
+
+TEST(TerminationSignals, arriveOnTheMainThread)
+{
+    TerminationSignals signal;
+    const QSignalSpy received(&signal, &TerminationSignals::received);
+    for (const int number : {SIGTERM, SIGHUP}) {
+        std::raise(number);
+        const qsizetype before = received.count();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return received.count() > before; }));
+    }
+    struct sigaction action = {};
+    ::sigaction(SIGTERM, nullptr, &action);
+    EXPECT_EQ(action.sa_handler, SIG_DFL); // a second one ends the program at once
+}
+
+} // namespace
+} // namespace ospra

@@ -38,7 +38,8 @@ Row {
             id: target
 
             anchors.fill: parent
-            anchors.margins: -Theme.space2
+            anchors.leftMargin: -Theme.space2
+            anchors.rightMargin: -Theme.space2
             copyText: root.value
             isTabStop: root.isTabStop
             radius: Theme.radiusLabel

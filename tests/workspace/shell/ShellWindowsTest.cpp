@@ -83,8 +83,8 @@ TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)
     QQuickWindow* const about = windowTitled(QStringLiteral("About Ospra"));
     ASSERT_TRUE(about);
     ASSERT_TRUE(QTest::qWaitForWindowActive(about));
+    ASSERT_TRUE(QTest::qWaitFor([about] { return about->activeFocusItem() != nullptr; }));
     const int height = about->height();
-    qWarning()<<about->activeFocusItem()<<about->isActive()<<about->contentItem();
     QTest::keyClick(about, Qt::Key_Space); // the button that shows the licence has the focus
     EXPECT_TRUE(about->property("showsLicence").toBool());
     EXPECT_TRUE(QTest::qWaitFor([&] { return about->height() > height; }));

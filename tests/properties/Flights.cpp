@@ -176,6 +176,9 @@ void worsenFix(Dice& dice, Samples& samples)
 
 void damageClock(Dice& dice, Samples& samples)
 {
+    if (dice.oneIn(30)) // it stood still
+        for (FlySightDataPoint& sample : samples)
+            sample.time = samples.front().time;
     for (std::ptrdiff_t times = dice.between(1, 3); times > 0; --times) {
         const auto from = static_cast<std::size_t>(dice.below(std::ssize(samples)));
         constexpr std::array shifts{-3600.0, -2.0, -0.2, 0.5, 1.5, 4.0, 60.0, 86'400.0};
@@ -292,7 +295,7 @@ double makeMoment(Dice& dice, std::span<const JumpTrack> tracks)
     switch (dice.below(5)) {
     case 0: return at;
     case 1: return (at + next) / 2.0;
-    case 2: return at + (dice.oneIn(2) ? 2.0 : -2.0);
+    case 2: return at + dice.oneOf(std::array{2.0, -2.0, 1.99, -1.99});
     case 3: return dice.oneIn(2) ? elapsed.front() - 1.0 : elapsed.back() + 1.75;
     default: return dice.real(elapsed.front() - 10.0, elapsed.back() + 10.0);
     }

@@ -63,7 +63,7 @@ std::string flaw(std::span<const JumpPhaseRange> ranges, const Samples& samples)
 TEST(PhasesOfAnyLog, areThoseOfTheWrittenRules)
 {
     std::map<std::string, int> shapes; // which phases there are, so that the flights reach all branches
-    for (std::uint64_t seed = 0; seed < 15'000; ++seed) {
+    for (std::uint64_t seed = 0; seed < 10'000; ++seed) {
         Dice dice(seed);
         const Samples samples = makeFlight(dice, Damage::clock);
         const std::vector<JumpPhaseRange> ranges = detectPhases(samples);
@@ -96,7 +96,7 @@ TEST(PhasesOfAnyLog, keepTheirOrderWhateverTheNumbers)
 /// Statistics take ranges as they come, so that each phase is also left out here, which no log does on its own.
 TEST(StatisticsOfAnyPhases, areThoseOfTheWrittenRules)
 {
-    for (std::uint64_t seed = 0; seed < 6'000; ++seed) {
+    for (std::uint64_t seed = 0; seed < 3'000; ++seed) {
         Dice dice(seed);
         const Samples samples = makeFlight(dice, Damage::clock);
         std::vector<JumpPhaseRange> ranges = detectPhases(samples);

@@ -16,14 +16,17 @@ namespace {
 
 using naive::CountedCalendar;
 
-/// A quarter of a second that lies in the day, at times close to where it begins.
+/// A quarter of a second that lies in the day: its first, its last, one in its first hours, or any.
 Instant makeMoment(Dice& dice, const CountedCalendar& counted, long day)
 {
     const double start = counted.startOf(day).seconds;
-    const double length = counted.startOf(day + 1).seconds - start;
-    const std::ptrdiff_t quarters = static_cast<std::ptrdiff_t>(length) * 4;
-    const std::ptrdiff_t most = dice.oneIn(2) ? std::ptrdiff_t{4 * 3 * 3'600} : quarters;
-    return {start + static_cast<double>(dice.below(most)) / 4.0};
+    const double end = counted.startOf(day + 1).seconds;
+    switch (dice.below(4)) {
+    case 0: return {start};
+    case 1: return {end - 0.25};
+    case 2: return {start + static_cast<double>(dice.below(3 * 3'600 * 4)) / 4.0};
+    default: return {start + static_cast<double>(dice.below(static_cast<std::ptrdiff_t>(end - start) * 4)) / 4.0};
+    }
 }
 
 /// The result of a step must stand at the same clock time of the counted day; where that time does not exist, or

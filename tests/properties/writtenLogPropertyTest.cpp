@@ -279,7 +279,7 @@ TEST(WrittenLogs, areReadBackToTheLastBit)
 {
     std::size_t samples = 0;
     std::size_t empty = 0;
-    for (std::uint64_t seed = 0; seed < 1'500; ++seed) {
+    for (std::uint64_t seed = 0; seed < 600; ++seed) {
         SCOPED_TRACE(seed);
         Dice dice(seed);
         Samples flight = makeFlight(dice, dice.oneIn(3) ? Damage::values : Damage::clock);
@@ -302,8 +302,8 @@ TEST(WrittenLogs, areReadBackToTheLastBit)
         ASSERT_EQ(naive::difference(naive::parse(text), expected), "");
         ASSERT_EQ(probeLogDates(text), naive::probe(text));
     }
-    EXPECT_GT(samples, 50'000u);
-    EXPECT_LT(empty, 100u);
+    EXPECT_GT(samples, 25'000u);
+    EXPECT_LT(empty, 40u);
 }
 
 } // namespace

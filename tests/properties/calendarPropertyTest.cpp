@@ -101,14 +101,19 @@ std::vector<JumpGroup> makeJumps(Dice& dice, const CountedCalendar& counted, lon
 }
 
 /// The jumps of a list, the newest first, those without a date last, and else as they stand.
-std::vector<Uuid> newestFirst(std::vector<JumpGroup> groups)
+std::vector<Uuid> newestFirst(const std::vector<JumpGroup>& groups)
 {
-    std::stable_sort(groups.begin(), groups.end(), [](const JumpGroup& a, const JumpGroup& b) {
-        return a.jumpDate && (!b.jumpDate || a.jumpDate->seconds > b.jumpDate->seconds);
-    });
+    std::vector<const JumpGroup*> sorted;
+    for (const JumpGroup& group : groups) {
+        auto place = sorted.end();
+        while (place != sorted.begin() && group.jumpDate &&
+               (!place[-1]->jumpDate || group.jumpDate->seconds > place[-1]->jumpDate->seconds))
+            --place;
+        sorted.insert(place, &group);
+    }
     std::vector<Uuid> ids;
-    for (const JumpGroup& group : groups)
-        ids.push_back(group.id);
+    for (const JumpGroup* group : sorted)
+        ids.push_back(group->id);
     return ids;
 }
 

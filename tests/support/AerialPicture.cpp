@@ -3,7 +3,6 @@
 #include "tilemap/Mercator.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <array>
@@ -114,26 +113,21 @@ private:
         m_painter.setPen(QPen(color.darker(125), std::max(m_fieldSize / 60, 0.6)));
         m_painter.setBrush(color);
         m_painter.drawPolygon(outline);
-        QPainterPath clip;
-        clip.addPolygon(outline);
-        m_painter.save();
-        m_painter.setClipPath(clip);
         if (isWood)
-            paintTrees(column, row, outline.boundingRect());
+            paintTrees(column, row, outline);
         else if (m_fieldSize > 30)
             paintRows(outline, color);
-        m_painter.restore();
     }
 
-    void paintTrees(std::int64_t column, std::int64_t row, const QRectF& box)
+    void paintTrees(std::int64_t column, std::int64_t row, const QPolygonF& outline)
     {
         m_painter.setPen(Qt::NoPen);
-        for (std::uint64_t i = 0; i < 60; ++i) {
-            const double x = box.left() + box.width() * chance(column, row, 100 + 3 * i);
-            const double y = box.top() + box.height() * chance(column, row, 101 + 3 * i);
+        const std::uint64_t count = m_fieldSize > 30 ? 40 : 8;
+        for (std::uint64_t i = 0; i < count; ++i) {
+            const QPointF place = placeIn(outline, chance(column, row, 100 + 3 * i), chance(column, row, 101 + 3 * i));
             const double radius = m_fieldSize * (0.03 + 0.05 * chance(column, row, 102 + 3 * i));
             m_painter.setBrush(i % 2 == 0 ? QColor(42, 60, 36, 170) : QColor(70, 92, 54, 150));
-            m_painter.drawEllipse(QPointF(x, y), radius, radius);
+            m_painter.drawEllipse(place, radius, radius);
         }
     }
 
@@ -141,12 +135,16 @@ private:
     void paintRows(const QPolygonF& outline, const QColor& color)
     {
         m_painter.setPen(QPen(color.lighter(107), m_fieldSize / 90));
-        const QPointF along = outline[1] - outline[0];
-        const QPointF down = outline[3] - outline[0];
-        for (int i = -6; i < 30; ++i) {
-            const QPointF start = outline[0] - along + down * (i / 20.0);
-            m_painter.drawLine(start, start + along * 3.0);
-        }
+        for (int i = 1; i < 20; ++i)
+            m_painter.drawLine(placeIn(outline, 0.02, i / 20.0), placeIn(outline, 0.98, i / 20.0));
+    }
+
+    /// From the first corner, so far towards the second and the fourth, 0 to 1.
+    static QPointF placeIn(const QPolygonF& outline, double along, double down)
+    {
+        const QPointF upper = outline[0] + (outline[1] - outline[0]) * along;
+        const QPointF lower = outline[3] + (outline[2] - outline[3]) * along;
+        return upper + (lower - upper) * down;
     }
 
     void paintLanes(std::int64_t column, std::int64_t row)

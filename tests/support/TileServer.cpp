@@ -250,7 +250,7 @@ void TileServer::send(QTcpSocket* socket, const ServerRequest& request, const Se
     socket->write(head + "\r\n");
     if (isEndless) {
         QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [socket] {
-            if (socket->bytesToWrite() == 0)
+            if (socket->isOpen() && socket->bytesToWrite() == 0)
                 socket->write(QByteArray(1 << 16, 'x'));
         });
     } else if (manner.kind == Kind::drip) {
@@ -266,7 +266,10 @@ void TileServer::send(QTcpSocket* socket, const ServerRequest& request, const Se
 void TileServer::drip(QTcpSocket* socket, std::chrono::milliseconds pause)
 {
     auto* timer = new QTimer(socket);
-    QObject::connect(timer, &QTimer::timeout, socket, [socket] { socket->write("\xFF"); });
+    QObject::connect(timer, &QTimer::timeout, socket, [socket] {
+        if (socket->isOpen())
+            socket->write("\xFF");
+    });
     timer->start(pause);
 }
 

@@ -22,6 +22,7 @@ QNetworkRequest makeRequest(const Download::Request& order)
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+    request.setDecompressedSafetyCheckThreshold(order.bodyLimit);
     // Without TLS there is nothing that tells that a server speaks it, and only this machine is asked so.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, order.address.scheme() == QLatin1String("https"));
     if (!order.eTag.isEmpty())

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int decoders = 2;     // threads
 constexpr int lookUpsATurn = 8; // files read between two looks at the network
+constexpr int decodedAhead = 8; // tiles; those of a view that is left by then are not even read
 
 std::shared_ptr<const DecodedTile> decodeTile(MapSourceKind kind, const TileStoreOptions& options,
                                               const QByteArray& body)
@@ -141,6 +142,8 @@ void TileFetcher::consider(const TileKey& key)
                 return;
             if (trouble.notBefore > WaitClock::now())
                 return wakeAt(trouble.notBefore);
+        } else if (m_decoding >= decodedAhead) {
+            return; // looked at again when one of them is done
         } else if (m_lookUpsLeft-- <= 0) {
             return wakeAt(WaitClock::now());
         }
@@ -173,8 +176,13 @@ void TileFetcher::lookUp(const TileKey& key)
 void TileFetcher::decode(const TileKey& key, const QByteArray& body,
                          std::function<void(std::shared_ptr<const DecodedTile>)> done)
 {
+    ++m_decoding;
     m_pool.post([this, kind = sourceOf(key).kind, body, done = std::move(done)](const std::stop_token&) {
-        m_mailbox.post([tile = decodeTile(kind, m_options, body), done] { done(tile); });
+        m_mailbox.post([this, tile = decodeTile(kind, m_options, body), done] {
+            --m_decoding;
+            done(tile);
+            wakeAt(WaitClock::now());
+        });
     });
 }
 
@@ -200,8 +208,6 @@ void TileFetcher::showCached(const TileKey& key, std::shared_ptr<const DecodedTi
     }
     if (!m_wanted.contains(key))
         m_jobs.erase(job);
-    else
-        proceed(job);
 }
 
 void TileFetcher::report(const TileKey& key, TileState state, std::shared_ptr<const DecodedTile> tile)

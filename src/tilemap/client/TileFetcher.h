@@ -153,6 +153,7 @@ private:
     QTimer m_timer{this};
     WaitClock::time_point m_wake{}; ///< when the timer goes off
     int m_lookUpsLeft = 0;          ///< in this turn
+    int m_decoding = 0;             ///< tiles that are with the decoder
 
     Mailbox m_mailbox;
     TaskPool m_pool; ///< last: joined before what its tasks use goes

@@ -249,5 +249,17 @@ TEST(TileStore, endsAtOnceWhateverIsOnItsWay)
     }
 }
 
+TEST(TileStore, mayEndWhileItTellsOfAChange)
+{
+    StoreBed bed;
+    bool isEnded = false;
+    QObject::connect(&bed.start(), &TileStore::tilesChanged, [&] {
+        bed.stop();
+        isEnded = true;
+    });
+    bed.store().want({tileAt(1), tileAt(2), tileAt(3)});
+    EXPECT_TRUE(waitUntil([&] { return isEnded; }));
+}
+
 } // namespace
 } // namespace ospra

@@ -153,7 +153,7 @@ TEST(TileTrouble, aServerThatHangsIsLeftAndTriedAgainGently)
     for (const Kind kind : {Kind::silence, Kind::drip, Kind::brokenOff, Kind::reset}) {
         SCOPED_TRACE(static_cast<int>(kind));
         StoreBed bed;
-        bed.options.waitUnit = std::chrono::milliseconds(5); // 150 ms without a byte, 300 ms in all
+        bed.options.waitUnit = std::chrono::milliseconds(10); // 300 ms without a byte, 600 ms in all
         bed.server.behave({.kind = kind, .delay = std::chrono::milliseconds(20)});
         TileStore& store = bed.start();
         store.want({tileAt(1)});

@@ -25,18 +25,18 @@ qint64 bytesOf(const std::vector<Line>& lines)
 {
     qint64 bytes = 0;
     for (const Line& line : lines)
-        bytes += static_cast<qint64>(sizeof(Line) + line.points.capacity() * sizeof(TilePoint));
+        bytes += qint64{sizeof(Line)} + std::ssize(line.points) * qint64{sizeof(TilePoint)};
     return bytes;
 }
 
 qint64 bytesOf(const DecodedTile& tile)
 {
     constexpr qint64 longName = 32; // bytes, the usual length of one that does not fit into its string
-    qint64 bytes = static_cast<qint64>(sizeof(DecodedTile)) + tile.picture.sizeInBytes();
+    qint64 bytes = qint64{sizeof(DecodedTile)} + tile.picture.sizeInBytes();
     if (tile.features) {
-        const auto names = static_cast<qint64>(tile.features->roadNames.size() + tile.features->places.size());
+        const auto names = std::ssize(tile.features->roadNames) + std::ssize(tile.features->places);
         bytes += bytesOf(tile.features->roads) + bytesOf(tile.features->roadNames) + names * longName +
-                 static_cast<qint64>(tile.features->places.size() * sizeof(TilePlace));
+                 std::ssize(tile.features->places) * qint64{sizeof(TilePlace)};
     }
     return bytes;
 }

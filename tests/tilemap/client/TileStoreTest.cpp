@@ -117,6 +117,7 @@ TEST(TileStore, dropsWhatTheViewLeaves)
 TEST(TileStore, keepsTheLastUsedWithinItsMemory)
 {
     StoreBed bed;
+    bed.options.cacheFolder.clear();                      // so that the server sees each fetch
     bed.options.memoryLimit = 3 * (256 * 256 * 4 + 1000); // three tiles
     TileStore& store = bed.start();
     for (const int x : {1, 2, 3})

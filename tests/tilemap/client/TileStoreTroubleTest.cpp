@@ -44,6 +44,7 @@ TEST(TileTrouble, aSourceThatHasNoPictureIsAskedOnce)
     for (const auto& [name, manner] : rows) {
         SCOPED_TRACE(name);
         StoreBed bed;
+        bed.options.waitUnit = std::chrono::milliseconds(1000); // so that no time limit is what ends it
         bed.server.behave(manner);
         bed.start();
         EXPECT_EQ(bed.fetch(tileAt(1)), TileState::missing);
@@ -167,6 +168,19 @@ TEST(TileTrouble, aServerThatHangsIsLeftAndTriedAgainGently)
         for (const int x : {1, 2, 3, 4, 5}) // without being wanted anew
             ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(x)) == TileState::ready; })) << x;
     }
+}
+
+TEST(TileTrouble, aServerThatSaysNothingIsNotWaitedForAsLongAsOneThatSpeaks)
+{
+    StoreBed bed;
+    bed.options.waitUnit = std::chrono::milliseconds(20); // 600 ms without a byte, 1200 ms in all
+    bed.server.behave({.kind = Kind::silence});
+    QElapsedTimer timer;
+    timer.start();
+    bed.start().want({tileAt(1)});
+    ASSERT_TRUE(waitUntil([&] { return bed.server.count() == 2; }));
+    EXPECT_GE(timer.elapsed(), 600);
+    EXPECT_LT(timer.elapsed(), 1200);
 }
 
 TEST(TileTrouble, aHostThatIsAwayIsTriedByOneRequestAtATime)

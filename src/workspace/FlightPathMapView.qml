@@ -37,6 +37,7 @@ T.Control {
         content: flight.content
         groundColor: Theme.mapGround
         gridColor: Theme.mapGrid
+        nameFont: Theme.subheadline.font
         cameraDuration: Theme.cameraDuration
         isImperial: !root.source.useMetric
         onTouched: root.forceActiveFocus(Qt.MouseFocusReason)
@@ -87,9 +88,20 @@ T.Control {
         }
     }
 
+    MapAttribution {
+        id: attribution
+
+        x: root.width - width
+        y: root.height - height
+        greatestWidth: root.width
+        text: ground.attribution
+    }
+
     MapScaleBar {
+        readonly property bool fitsBeside: x + width + Theme.space10 <= attribution.x
+
         x: Theme.space10
-        y: root.height - height - Theme.space8
+        y: root.height - height - Theme.space8 - (attribution.visible && !fitsBeside ? attribution.height : 0)
         length: ground.scaleBarWidth
         text: ground.scaleBarText
     }

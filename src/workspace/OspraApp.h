@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/OspraModel.h"
+#include "tilemap/item/MapImagery.h"
 #include "workspace/shell/CheckForUpdatesViewModel.h"
 #include "workspace/shell/TerminationSignals.h"
 #include "workspace/shell/UnitsSetting.h"
@@ -31,6 +32,7 @@ private:
     std::unique_ptr<CheckForUpdatesViewModel> m_updates; ///< null where no feed was built in
     UnitsSetting m_units;
     TerminationSignals m_terminationSignals;
+    MapImagery m_imagery;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
 };
 

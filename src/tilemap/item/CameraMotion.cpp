@@ -52,11 +52,13 @@ std::optional<Camera> CameraMotion::target() const
     return glide ? std::optional(glide->to) : std::nullopt;
 }
 
-double CameraMotion::finalZoom(const Camera& now) const
+Camera CameraMotion::end(const MapView& view) const
 {
     if (const Zoom* const zoom = std::get_if<Zoom>(&m_motion))
-        return zoom->zoom;
-    return target().value_or(now).zoom;
+        return zoomedAbout(view, zoom->pixel, zoom->zoom);
+    if (const Slide* const slide = std::get_if<Slide>(&m_motion))
+        return panned(view.camera, slide->velocity.x * slideTime, slide->velocity.y * slideTime);
+    return target().value_or(view.camera);
 }
 
 Camera CameraMotion::advance(const MapView& view, double seconds)

@@ -25,8 +25,8 @@ public:
     [[nodiscard]] bool isMoving() const { return !std::holds_alternative<std::monostate>(m_motion); }
     /// Where a glide ends; absent without one.
     [[nodiscard]] std::optional<Camera> target() const;
-    /// The zoom at which the motion ends.
-    [[nodiscard]] double finalZoom(const Camera& now) const;
+    /// The camera when the motion will have ended.
+    [[nodiscard]] Camera end(const MapView& view) const;
 
     /// The camera a little later.
     [[nodiscard]] Camera advance(const MapView& view, double seconds);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tilemap/item/MapTiles.h"
 #include "tilemap/item/gridLines.h"
 #include "tilemap/item/layerPlacement.h"
 
@@ -10,9 +11,12 @@
 #include <QRectF>
 #include <QSGImageNode>
 #include <QSGRectangleNode>
+#include <QSGTexture>
 #include <QSGTransformNode>
 
 #include <cstdint>
+#include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace ospra {
@@ -44,6 +48,26 @@ private:
     std::int64_t m_version = -1;
 };
 
+/// Pictures of tiles. Each tile has one texture as long as it is shown, in however many pieces.
+class TilesNode : public QSGTransformNode {
+public:
+    ~TilesNode() override;
+
+    void show(QQuickWindow* window, const std::vector<ShownTile>& tiles, const MapView& view, const PixelGrid& pixels);
+    [[nodiscard]] int textureCount() const { return static_cast<int>(m_textures.size()); }
+
+private:
+    struct Texture {
+        std::unique_ptr<QSGTexture> texture{};
+        std::shared_ptr<const DecodedTile> tile{}; // of which it is: a tile may be renewed
+    };
+
+    QSGTexture* texture(QQuickWindow* window, const ShownTile& shown);
+
+    std::unordered_map<TileKey, Texture> m_textures;
+    std::vector<QSGImageNode*> m_pieces;
+};
+
 /// Ground, grid and layers of a map, from back to front. The transforms stay what they are: they are there because the
 /// software renderer finds the place of nodes that are added or moved only below a node of a kind that can have one.
 class MapNode : public QSGTransformNode {
@@ -52,6 +76,7 @@ public:
 
     void setGround(const QRectF& rect, const QColor& color);
     void setGrid(const GridLines& lines, const QRectF& rect, const PixelGrid& pixels, const QColor& color);
+    [[nodiscard]] TilesNode& tiles() { return m_tiles; }
     [[nodiscard]] PictureNode& overlay() { return m_overlay; }
     [[nodiscard]] PictureNode& paths() { return m_paths; }
 
@@ -59,6 +84,7 @@ private:
     QQuickWindow* m_window;
     QSGRectangleNode* m_ground;
     QSGTransformNode m_grid;
+    TilesNode m_tiles;
     PictureNode m_overlay;
     PictureNode m_paths;
     std::vector<QSGRectangleNode*> m_gridLines; // owned by the tree

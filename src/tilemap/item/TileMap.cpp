@@ -1,7 +1,10 @@
 #include "tilemap/item/TileMap.h"
 
 #include "tilemap/PathLayer.h"
+#include "tilemap/item/MapImagery.h"
 #include "tilemap/item/MapNode.h"
+#include "tilemap/item/attributionText.h"
+#include "tilemap/vector/paintOverlay.h"
 
 #include <QQuickWindow>
 
@@ -31,10 +34,16 @@ LayerPainter::Paint pathPaint(std::shared_ptr<PathLayer> layer, std::vector<MapP
     };
 }
 
+/// Roads and names, on the thread of that layer.
+LayerPainter::Paint overlayPaint(std::vector<PlacedVectorTile> tiles, const QFont& font)
+{
+    return [tiles = std::move(tiles), font](const LayerFrame& frame) { return paintOverlay(tiles, frame, font); };
+}
+
 } // namespace
 
 TileMap::TileMap(QQuickItem* parent)
-    : QQuickItem(parent), m_pathLayer(std::make_shared<PathLayer>()), m_paths([this] {
+    : QQuickItem(parent), m_overlay([this] { update(); }), m_pathLayer(std::make_shared<PathLayer>()), m_paths([this] {
           update();
           emit pathRasterCountChanged();
       })
@@ -45,6 +54,9 @@ TileMap::TileMap(QQuickItem* parent)
     setAcceptTouchEvents(true);
     m_time.start();
     connect(this, &TileMap::looksChanged, this, &QQuickItem::update);
+    if (MapImagery::current() != nullptr)
+        connect(MapImagery::current(), &MapImagery::storeChanged, this, &TileMap::updateStore);
+    updateStore();
 }
 
 TileMap::~TileMap() = default;
@@ -77,6 +89,48 @@ void TileMap::setIsImperial(bool isImperial)
 {
     if (std::exchange(m_isImperial, isImperial) != isImperial)
         emit viewChanged();
+}
+
+void TileMap::setNameFont(const QFont& font)
+{
+    if (m_nameFont == font)
+        return;
+    m_nameFont = font;
+    m_drawnFeatures = -1;
+    polish();
+    emit nameFontChanged();
+}
+
+void TileMap::updateStore()
+{
+    TileStore* const store = MapImagery::current() != nullptr ? MapImagery::current()->store() : nullptr;
+    m_tiles.setStore(store);
+    if (store != nullptr)
+        connect(store, &TileStore::tilesChanged, this, &QQuickItem::polish);
+    polish();
+}
+
+/// Shows the tiles that there are, and has those fetched that the camera will see when it rests.
+void TileMap::followTiles()
+{
+    if (m_tiles.store() == nullptr || !hasRoom())
+        return;
+    MapView next = view();
+    next.camera = m_motion.end(next);
+    m_tiles.follow(view(), next, surroundings(view()), scale());
+    if (std::exchange(m_drawnFeatures, m_tiles.featuresRevision()) != m_tiles.featuresRevision()) {
+        if (m_tiles.features().empty())
+            m_overlay.clear();
+        else
+            m_overlay.setContent(overlayPaint(m_tiles.features(), m_nameFont));
+    }
+    m_overlay.follow(view(), scale(), pace());
+    QString attribution = attributionText(m_tiles.shownSources());
+    if (attribution != m_attribution) {
+        m_attribution = std::move(attribution);
+        emit attributionChanged();
+    }
+    update();
 }
 
 ScaleBar TileMap::scaleOfMiddle() const
@@ -230,6 +284,7 @@ void TileMap::updatePolish()
     if (!isComponentComplete())
         return;
     followAim();
+    followTiles();
     m_paths.follow(view(), scale(), pace());
 }
 
@@ -247,6 +302,11 @@ QSGNode* TileMap::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*data*
     const QRectF ground = boundingRect();
     node->setGround(ground, m_groundColor);
     node->setGrid(gridLines(shown), ground, pixels, m_gridColor);
+    node->tiles().show(window(), m_tiles.pictures(), shown, pixels);
+    m_textureCount = node->tiles().textureCount();
+    const LayerPicture& overlay = m_overlay.picture();
+    node->overlay().show(window(), overlay.image, m_overlay.pictureCount(),
+                         pixels.moved(placeOf(overlay.frame, shown)));
     const LayerPicture& paths = m_paths.picture();
     node->paths().show(window(), paths.image, m_paths.pictureCount(), pixels.moved(placeOf(paths.frame, shown)));
     return node;

@@ -7,12 +7,14 @@
 #include "tilemap/item/MapContent.h"
 #include "tilemap/item/MapLayer.h"
 #include "tilemap/item/MapPlace.h"
+#include "tilemap/item/MapTiles.h"
 #include "tilemap/scaleBar.h"
 
 #include <QAbstractAnimation>
 #include <QBasicTimer>
 #include <QColor>
 #include <QElapsedTimer>
+#include <QFont>
 #include <QQmlEngine>
 #include <QQuickItem>
 
@@ -37,6 +39,8 @@ class TileMap : public QQuickItem {
     Q_PROPERTY(bool isImperial READ isImperial WRITE setIsImperial NOTIFY viewChanged)
     Q_PROPERTY(qreal scaleBarWidth READ scaleBarWidth NOTIFY viewChanged)
     Q_PROPERTY(QString scaleBarText READ scaleBarText NOTIFY viewChanged)
+    Q_PROPERTY(QFont nameFont READ nameFont WRITE setNameFont NOTIFY nameFontChanged)
+    Q_PROPERTY(QString attribution READ attribution NOTIFY attributionChanged)
     Q_PROPERTY(int pathRasterCount READ pathRasterCount NOTIFY pathRasterCountChanged)
 
 public:
@@ -51,6 +55,13 @@ public:
     void setIsImperial(bool isImperial);
     [[nodiscard]] qreal scaleBarWidth() const { return scaleOfMiddle().width; }
     [[nodiscard]] QString scaleBarText() const { return QString::fromStdString(scaleOfMiddle().text); }
+    /// What the names of towns on the ground are written in.
+    [[nodiscard]] QFont nameFont() const { return m_nameFont; }
+    void setNameFont(const QFont& font);
+    /// Styled text, with links, that says whose tiles are shown; empty where there are none.
+    [[nodiscard]] QString attribution() const { return m_attribution; }
+    /// How many tiles' textures there were in the last frame.
+    [[nodiscard]] int textureCount() const { return m_textureCount; }
     /// How many pictures of the paths have been drawn and shown.
     [[nodiscard]] int pathRasterCount() const { return m_paths.pictureCount(); }
 
@@ -73,6 +84,8 @@ signals:
     void looksChanged();
     /// Camera, size or units.
     void viewChanged();
+    void nameFontChanged();
+    void attributionChanged();
     void pathRasterCountChanged();
     /// A mouse button or a finger has come down.
     void touched();
@@ -120,6 +133,8 @@ private:
     void followAim();
     [[nodiscard]] std::optional<Camera> aimedCamera();
     [[nodiscard]] bool isNear(const Camera& camera) const;
+    void followTiles();
+    void updateStore();
     void startMotion();
     void tick(int milliseconds);
 
@@ -156,6 +171,12 @@ private:
     double m_fingersApart = 0.0; // logical px, while two pinch
     QBasicTimer m_zoomRest;      // runs while the zoom may be changed again at any moment
 
+    MapTiles m_tiles;
+    QFont m_nameFont;
+    QString m_attribution;
+    int m_textureCount = 0;
+    int m_drawnFeatures = 0; // revision of the roads and names that the overlay shows
+    MapLayer m_overlay;
     std::shared_ptr<PathLayer> m_pathLayer; // used by the thread of the layer alone
     MapLayer m_paths;
 };

@@ -71,7 +71,7 @@ void TileMap::cancelDrag()
 
 void TileMap::zoomSoftly(QPointF position, double levels)
 {
-    const double zoom = m_motion.finalZoom(m_camera) + levels;
+    const double zoom = m_motion.end(view()).zoom + levels;
     takeInHand();
     if (m_cameraDuration > 0) {
         m_motion.zoomAbout(viewPoint(position), zoom);

@@ -38,6 +38,14 @@ LayerFrame layerFrame(const MapView& view, double scale)
     return frame;
 }
 
+MapView surroundings(const MapView& view)
+{
+    if (!(view.width > 0.0 && view.height > 0.0))
+        return view;
+    return {
+        .camera = view.camera, .width = view.width + 2.0 * margin(view), .height = view.height + 2.0 * margin(view)};
+}
+
 bool serves(const LayerFrame& frame, const MapView& view, double scale, ViewPace pace)
 {
     const LayerFrame wanted = layerFrame(view, scale);

@@ -21,6 +21,9 @@ enum class ViewPace { settled, zooming };
 /// @return without pixels for a view without any
 [[nodiscard]] LayerFrame layerFrame(const MapView& view, double scale);
 
+/// The view that has all of such a frame in it.
+[[nodiscard]] MapView surroundings(const MapView& view);
+
 /// Whether a picture can stay: it reaches far enough beyond the view, and its zoom is the view's, or near it while that
 /// changes.
 [[nodiscard]] bool serves(const LayerFrame& frame, const MapView& view, double scale, ViewPace pace);

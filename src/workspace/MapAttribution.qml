@@ -6,7 +6,7 @@ import Ospra.Theme
 Rectangle {
     id: root
 
-    property alias text: words.text
+    required property string text
     required property real greatestWidth
 
     width: words.width
@@ -23,11 +23,11 @@ Rectangle {
         topPadding: Theme.space2 + textStyle.rise
         bottomPadding: Theme.space2 - textStyle.rise
         textStyle: Theme.attribution
-        textFormat: Text.StyledText
+        text: "<style>a { color: " + Theme.mapText + "; text-decoration: none }</style>" + root.text
+        textFormat: Text.RichText
         wrapMode: Text.WordWrap
         horizontalAlignment: Text.AlignRight
         color: Theme.mapText
-        linkColor: Theme.mapText
         onLinkActivated: link => Qt.openUrlExternally(link)
 
         HoverHandler {

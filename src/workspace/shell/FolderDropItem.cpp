@@ -91,12 +91,12 @@ void FolderDropItem::lookFor(std::vector<std::filesystem::path> paths)
     });
 }
 
-void FolderDropItem::finishLooking(int revision, std::optional<std::filesystem::path> folder)
+void FolderDropItem::finishLooking(int revision, const std::optional<std::filesystem::path>& folder)
 {
     if (revision != m_revision)
         return;
     m_isLooking = false;
-    m_folder = std::move(folder);
+    m_folder = folder;
     emit isOfferedChanged();
     if (const std::optional<Role> role = std::exchange(m_awaited, std::nullopt); role && m_folder)
         open(*m_folder, *role);

@@ -43,7 +43,7 @@ private:
     enum class Role { primary, companion };
 
     void lookFor(std::vector<std::filesystem::path> paths);
-    void finishLooking(int revision, std::optional<std::filesystem::path> folder);
+    void finishLooking(int revision, const std::optional<std::filesystem::path>& folder);
     void setInside(bool isInside);
     void open(const std::filesystem::path& folder, Role role);
     [[nodiscard]] static Role roleFor(const QDropEvent& event);

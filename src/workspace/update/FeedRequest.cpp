@@ -89,7 +89,7 @@ void FeedRequest::replyFinished()
         end(m_document);
 }
 
-void FeedRequest::end(std::optional<QByteArray> document)
+void FeedRequest::end(const std::optional<QByteArray>& document)
 {
     m_patience.stop();
     dropReply();

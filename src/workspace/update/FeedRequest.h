@@ -7,7 +7,6 @@
 #include <QUrl>
 
 #include <chrono>
-#include <memory>
 #include <optional>
 
 class QNetworkReply;
@@ -42,7 +41,7 @@ private:
     void ask(const QUrl& address);
     void takeBytes();
     void replyFinished();
-    void end(std::optional<QByteArray> document);
+    void end(const std::optional<QByteArray>& document);
     void dropReply();
 
     FeedLimits m_limits;

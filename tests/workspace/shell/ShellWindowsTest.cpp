@@ -1,5 +1,6 @@
 #include "tests/workspace/shell/ShellTestBed.h"
 #include "workspace/shell/TerminationSignals.h"
+#include "workspace/theme/desktop/Appearance.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -72,6 +73,22 @@ TEST_F(ShellWindows, askedForTwiceIsShownOnceAndEscapeCloses)
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     openSettings();
     EXPECT_EQ(settings, first);
+}
+
+TEST_F(ShellWindows, openWindowsFollowTheDesktop)
+{
+    openWindow();
+    openSettings();
+    const int height = settings->height();
+    const QColor light = settings->color();
+    Appearance::instance()->setOverrides({{QStringLiteral("fontSize"), 26.0},
+                                          {QStringLiteral("isDark"), true},
+                                          {QStringLiteral("isHighContrast"), true}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return settings->width() == 600 && settings->height() > height; }));
+    EXPECT_EQ(settings->color(), QColor(Qt::black));
+    Appearance::instance()->setOverrides({{QStringLiteral("fontSize"), 13.0}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return settings->width() == 300 && settings->height() == height; }));
+    EXPECT_EQ(settings->color(), light);
 }
 
 TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)

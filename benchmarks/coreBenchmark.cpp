@@ -70,5 +70,60 @@ void BM_FinishLoad(benchmark::State& state)
 }
 BENCHMARK(BM_FinishLoad)->Arg(5)->Arg(25)->Unit(benchmark::kMillisecond);
 
+/// A zoom of the model beside its yardstick, on the same jump: copying every point that is then on show, once.
+enum class ZoomWork { rebuildVisibleData, copyVisiblePoints };
+
+std::vector<ChartPoint> copyOf(const ChartPoints& points)
+{
+    return {points.span().begin(), points.span().end()};
+}
+
+std::vector<std::vector<ChartPoint>> copyVisiblePoints(const OspraModel& model)
+{
+    std::vector<std::vector<ChartPoint>> copies;
+    for (const VisibleTrackData& track : model.visibleChartTracks())
+        for (const DataSeries series : allDataSeries)
+            copies.push_back(copyOf(track.seriesData[series]));
+    for (const VisibleHorizontalDistanceTrackData& track : model.visibleHorizontalDistanceTracks()) {
+        copies.push_back(copyOf(track.traveled));
+        copies.push_back(copyOf(track.fromExit));
+    }
+    for (const CompanionDistanceData& companion : model.visibleDistanceDataCache())
+        for (const DistanceSeries series : allDistanceSeries)
+            copies.push_back(copyOf(companion.data[series]));
+    return copies;
+}
+
+void BM_Zoom(benchmark::State& state, ZoomWork work)
+{
+    FourTracks jump(45.0);
+    OspraModel& model = jump.bed().model();
+    model.loadTracks(jump.request());
+    jump.bed().settle();
+    model.zoomToDrag(model.displayRange().lo, model.displayRange().lo + double(state.range(0)));
+    for (auto _ : state) {
+        if (work == ZoomWork::rebuildVisibleData)
+            model.rebuildVisibleData();
+        else
+            benchmark::DoNotOptimize(copyVisiblePoints(model));
+    }
+    std::size_t visible = 0;
+    for (const VisibleTrackData& track : model.visibleChartTracks())
+        visible += track.seriesData[DataSeries::elevation].size();
+    state.counters["samples"] = static_cast<double>(model.tracks().front().elapsed.size());
+    state.counters["visible"] = static_cast<double>(visible);
+}
+// Seconds on show: a moment, the jump, the whole log.
+BENCHMARK_CAPTURE(BM_Zoom, rebuild, ZoomWork::rebuildVisibleData)
+    ->Arg(10)
+    ->Arg(200)
+    ->Arg(9'999)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_Zoom, copy, ZoomWork::copyVisiblePoints)
+    ->Arg(10)
+    ->Arg(200)
+    ->Arg(9'999)
+    ->Unit(benchmark::kMicrosecond);
+
 } // namespace
 } // namespace ospra

@@ -4,7 +4,7 @@
 #include "logs/FlySightParseError.h"
 #include "logs/LineReader.h"
 #include "logs/RowReader.h"
-#include "logs/preferLargePages.h"
+#include "platform/preferLargePages.h"
 
 #include <cmath>
 #include <optional>

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace ospra {
 namespace {
@@ -82,22 +81,9 @@ void PlotItem::contentHasChanged()
     m_values = visibleValues(m_content.lines, m_content.seconds);
     updateAxis();
     updateLetters();
-    requestSoon();
-}
-
-/// Asks for the picture once all of a change is in, yet before the next frame is prepared: as the window waits a few
-/// milliseconds with that, the picture is as a rule there by then, and one frame shows it together with its axis.
-void PlotItem::requestSoon()
-{
-    if (std::exchange(m_willRequest, true))
-        return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            m_willRequest = false;
-            requestPicture();
-        },
-        Qt::QueuedConnection);
+    // Not only when the next frame is prepared: the window waits a few milliseconds with that, in which the picture is
+    // drawn, so that as a rule one frame shows it together with its axis.
+    requestPicture();
 }
 
 void PlotItem::updateAxis()

@@ -99,7 +99,6 @@ private:
     void contentHasChanged();
     void updateAxis();
     void updateLetters();
-    void requestSoon();
     void requestPicture();
     [[nodiscard]] PlotFrame frame() const;
     [[nodiscard]] QPointF shiftToPixels() const;
@@ -117,7 +116,6 @@ private:
     PlotPicture m_picture;                     // kept, since the scene graph may come back without its textures
     bool m_textureIsOld = false;               // the node still shows the picture before
     std::optional<PlotFrame> m_requestedFrame; // absent: whatever was asked for no longer does
-    bool m_willRequest = false;
     int m_rasterCount = 0;
 };
 

@@ -19,6 +19,7 @@ Item {
     required property list<string> readingValues
     required property real dragStart
     required property real dragEnd
+    readonly property bool isDragged: drag.active
 
     signal dragged(start: real, end: real)
     signal dragFinished

@@ -1,6 +1,6 @@
 #include "workspace/ChartRowsModel.h"
 
-#include "workspace/text.h"
+#include "core/text.h"
 
 #include <algorithm>
 #include <limits>
@@ -28,23 +28,19 @@ QStringList texts(const std::vector<HoverRow>& readings, std::string HoverRow::*
 
 } // namespace
 
-void ChartRowsModel::setSource(OspraModel* source)
+void ChartRowsModel::follow(const OspraModel& model)
 {
-    if (m_source == source)
-        return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
-    if (m_source) {
-        connect(m_source, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::updateRows);
-        connect(m_source, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::updateRows);
-        connect(m_source, &OspraModel::visibleDataChanged, this, &ChartRowsModel::updateContents);
-        connect(m_source, &OspraModel::hoveredSecondsChanged, this, &ChartRowsModel::updateHover);
-        connect(m_source, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
-        connect(m_source, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
-    }
+    connect(&model, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::updateRows);
+    connect(&model, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::updateRows);
+    connect(&model, &OspraModel::visibleDataChanged, this, &ChartRowsModel::updateContents);
+    connect(&model, &OspraModel::hoveredSecondsChanged, this, &ChartRowsModel::updateHover);
+    connect(&model, &OspraModel::enabledSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
+    connect(&model, &OspraModel::enabledDistanceSeriesChanged, this, &ChartRowsModel::hasSeriesChanged);
+}
+
+void ChartRowsModel::readSource()
+{
     updateRows();
-    emit sourceChanged();
     emit hasSeriesChanged();
 }
 
@@ -61,7 +57,7 @@ void ChartRowsModel::setPalette(const QList<QColor>& colors)
 
 bool ChartRowsModel::hasSeries() const
 {
-    return m_source && !(m_source->enabledSeries().empty() && m_source->enabledDistanceSeries().empty());
+    return source() && !(source()->enabledSeries().empty() && source()->enabledDistanceSeries().empty());
 }
 
 void ChartRowsModel::setFirstOnScreen(int row)
@@ -83,14 +79,14 @@ void ChartRowsModel::setLastOnScreen(int row)
 qreal ChartRowsModel::hoveredSeconds() const
 {
     constexpr qreal nothing = std::numeric_limits<qreal>::quiet_NaN();
-    return m_source ? m_source->hoveredSeconds().value_or(nothing) : nothing;
+    return source() ? source()->hoveredSeconds().value_or(nothing) : nothing;
 }
 
 QString ChartRowsModel::timeLabel() const
 {
-    if (!m_source)
+    if (!source())
         return {};
-    return toQString(hoveredTimeLabel(m_source->tracks(), m_source->hoveredSeconds()).value_or(std::string{}));
+    return toQString(hoveredTimeLabel(source()->tracks(), source()->hoveredSeconds()).value_or(std::string{}));
 }
 
 int ChartRowsModel::rowCount(const QModelIndex& parent) const
@@ -107,10 +103,10 @@ QVariant ChartRowsModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case TitleRole: return toQString(rowTitle(row));
     case ColorRole: return static_cast<int>(rowColor(row));
-    case UnitRole: return toQString(rowUnit(row, m_source->units()));
+    case UnitRole: return toQString(rowUnit(row, source()->units()));
     case ShowsTimeRole: return row == ChartRow{.kind = ChartRow::Kind::series, .series = DataSeries::elevation};
-    case ContentRole: return QVariant::fromValue(rowContent(row, *m_source, m_palette));
-    case DotsRole: return QVariant::fromValue(rowDots(row, *m_source, m_palette));
+    case ContentRole: return QVariant::fromValue(rowContent(row, *source(), m_palette));
+    case DotsRole: return QVariant::fromValue(rowDots(row, *source(), m_palette));
     case ReadingNamesRole: return texts(readings, &HoverRow::name);
     case ReadingColorsRole: return QVariant::fromValue(readingColors(readings));
     case ReadingValuesRole: return texts(readings, &HoverRow::value);
@@ -134,7 +130,7 @@ QHash<int, QByteArray> ChartRowsModel::roleNames() const
 /// Takes out the rows that are off now and puts in those that are new, so that the others keep their pictures.
 void ChartRowsModel::updateRows()
 {
-    const std::vector<ChartRow> wanted = m_source ? chartRows(*m_source) : std::vector<ChartRow>{};
+    const std::vector<ChartRow> wanted = source() ? chartRows(*source()) : std::vector<ChartRow>{};
     for (int index = rowCount() - 1; index >= 0; --index) {
         if (std::ranges::binary_search(wanted, m_rows[static_cast<std::size_t>(index)]))
             continue;
@@ -149,7 +145,7 @@ void ChartRowsModel::updateRows()
         const int row = static_cast<int>(index);
         beginInsertRows({}, row, row);
         m_rows.insert(m_rows.begin() + row, wanted[index]);
-        m_readings.insert(m_readings.begin() + row, rowReadings(wanted[index], *m_source));
+        m_readings.insert(m_readings.begin() + row, rowReadings(wanted[index], *source()));
         endInsertRows();
     }
 }
@@ -175,7 +171,7 @@ void ChartRowsModel::updateReadings(int first, int last)
 {
     for (int row = first; row <= last; ++row) {
         const auto index = static_cast<std::size_t>(row);
-        m_readings[index] = rowReadings(m_rows[index], *m_source);
+        m_readings[index] = rowReadings(m_rows[index], *source());
     }
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "core/OspraModel.h"
 #include "workspace/ChartRow.h"
+#include "workspace/ModelList.h"
 
-#include <QAbstractListModel>
 #include <QColor>
 #include <QList>
 #include <QQmlEngine>
@@ -15,10 +14,9 @@ namespace ospra {
 
 /// The rows of the chart column with all that they draw and read out. A hover changes only what moves with it, and only
 /// in the rows that can be seen.
-class ChartRowsModel : public QAbstractListModel {
+class ChartRowsModel : public ModelList {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(QList<QColor> palette READ palette WRITE setPalette NOTIFY paletteChanged REQUIRED)
     Q_PROPERTY(bool hasSeries READ hasSeries NOTIFY hasSeriesChanged)
     Q_PROPERTY(int firstOnScreen READ firstOnScreen WRITE setFirstOnScreen NOTIFY onScreenChanged)
@@ -27,10 +25,8 @@ class ChartRowsModel : public QAbstractListModel {
     Q_PROPERTY(QString timeLabel READ timeLabel NOTIFY hoveredSecondsChanged)
 
 public:
-    using QAbstractListModel::QAbstractListModel;
+    using ModelList::ModelList;
 
-    [[nodiscard]] OspraModel* source() const { return m_source; }
-    void setSource(OspraModel* source);
     /// The colours of the names that the logic uses, in their order.
     [[nodiscard]] QList<QColor> palette() const { return m_colors; }
     void setPalette(const QList<QColor>& colors);
@@ -51,15 +47,18 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
     /// The pointer stands at a moment, or over no chart.
-    Q_INVOKABLE void hoverAt(qreal seconds) { m_source->setHoveredSeconds(seconds); }
-    Q_INVOKABLE void hoverNothing() { m_source->setHoveredSeconds(std::nullopt); }
+    Q_INVOKABLE void hoverAt(qreal seconds) { source()->setHoveredSeconds(seconds); }
+    Q_INVOKABLE void hoverNothing() { source()->setHoveredSeconds(std::nullopt); }
 
 signals:
-    void sourceChanged();
     void paletteChanged();
     void hasSeriesChanged();
     void onScreenChanged();
     void hoveredSecondsChanged();
+
+protected:
+    void follow(const OspraModel& model) override;
+    void readSource() override;
 
 private:
     enum Role {
@@ -80,7 +79,6 @@ private:
     void updateReadings(int first, int last);
     void refresh(int first, int last, const QList<int>& roles);
 
-    OspraModel* m_source = nullptr;
     QList<QColor> m_colors;
     ChartPalette m_palette{};
     int m_firstOnScreen = 0;

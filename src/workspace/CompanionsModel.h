@@ -1,24 +1,20 @@
 #pragma once
 
-#include "core/OspraModel.h"
+#include "workspace/ModelList.h"
 
-#include <QAbstractListModel>
 #include <QQmlEngine>
 
 namespace ospra {
 
 /// The companions by name, in their order.
-class CompanionsModel : public QAbstractListModel {
+class CompanionsModel : public ModelList {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    using QAbstractListModel::QAbstractListModel;
+    using ModelList::ModelList;
 
-    [[nodiscard]] OspraModel* source() const { return m_source; }
-    void setSource(OspraModel* source);
     [[nodiscard]] int count() const { return rowCount(); }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -29,13 +25,14 @@ public:
     Q_INVOKABLE void remove(int row);
 
 signals:
-    void sourceChanged();
     void countChanged();
+
+protected:
+    void follow(const OspraModel& model) override;
+    void readSource() override;
 
 private:
     void reset();
-
-    OspraModel* m_source = nullptr;
 };
 
 } // namespace ospra

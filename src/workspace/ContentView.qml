@@ -11,9 +11,17 @@ FocusScope {
     required property OspraModel source
     required property WindowCommands commands
 
+    /// Puts the keyboard on the welcome screen's button, unless it stands somewhere already: in a list, a menu, an alert.
+    function welcome() {
+        const focused = root.Window.activeFocusItem;
+        if (content.screen === ContentState.Welcome && (!focused || focused === root || focused === split))
+            detail.welcome();
+    }
+
     Component.onCompleted: {
         root.source.restoreFolders();
         root.forceActiveFocus();
+        root.welcome();
     }
     Keys.onDownPressed: root.source.selectNextJump()
     Keys.onUpPressed: root.source.selectPreviousJump()
@@ -57,6 +65,7 @@ FocusScope {
         id: content
 
         source: root.source
+        onScreenChanged: Qt.callLater(root.welcome)
     }
 
     FolderPanel {
@@ -66,6 +75,8 @@ FocusScope {
     }
 
     SplitView {
+        id: split
+
         anchors.fill: parent
 
         Sidebar {
@@ -79,6 +90,8 @@ FocusScope {
         }
 
         DetailArea {
+            id: detail
+
             T.SplitView.fillWidth: true
             source: root.source
             screen: content.screen

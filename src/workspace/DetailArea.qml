@@ -13,6 +13,11 @@ Item {
 
     signal openFolder
 
+    /// Puts the keyboard on what the welcome screen is for.
+    function welcome() {
+        welcomeScreen.takeFocus();
+    }
+
     TracksModel {
         id: trackList
 
@@ -48,6 +53,8 @@ Item {
         }
 
         WelcomeScreen {
+            id: welcomeScreen
+
             anchors.fill: parent
             visible: root.screen === ContentState.Welcome
             onOpenFolder: root.openFolder()

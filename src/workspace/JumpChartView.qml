@@ -14,9 +14,18 @@ Item {
     property real dragStart: NaN
     property real dragEnd: NaN
 
+    /// Ends a drag without a zoom.
+    function clearDrag() {
+        root.dragStart = NaN;
+        root.dragEnd = NaN;
+    }
+
+    // What is dragged over is gone while another jump is loaded.
+    onVisibleChanged: if (!root.visible) root.clearDrag()
+
     EmptyState {
         anchors.fill: parent
-        visible: !rows.hasSeries
+        visible: !chartRows.hasSeries
         icon: "chart-line"
         title: "No Data Series Selected"
         description: "Use the Data Series toolbar menu to select what to display."
@@ -28,7 +37,7 @@ Item {
         readonly property real rowHeight: Math.max(Theme.chartRowMinimum, Math.floor((height - 2 * Theme.space4) / Math.max(1, repeater.count)))
 
         anchors.fill: parent
-        visible: rows.hasSeries
+        visible: chartRows.hasSeries
         contentHeight: column.height
         boundsBehavior: Flickable.StopAtBounds
         clip: true
@@ -44,23 +53,25 @@ Item {
             Repeater {
                 id: repeater
 
-                model: rows
+                model: chartRows
+                onItemRemoved: (index, item) => { if ((item as ChartRowView)?.isDragged) root.clearDrag(); }
 
                 ChartRowView {
                     width: column.width
                     height: flickable.rowHeight
-                    rows: rows
+                    rows: chartRows
                     dragStart: root.dragStart
                     dragEnd: root.dragEnd
                     onDragged: (start, end) => {
+                        if (!root.visible)
+                            return;
                         root.dragStart = start;
                         root.dragEnd = end;
                     }
                     onDragFinished: {
                         if (!isNaN(root.dragStart) && !isNaN(root.dragEnd))
                             root.source.zoomToDrag(root.dragStart, root.dragEnd);
-                        root.dragStart = NaN;
-                        root.dragEnd = NaN;
+                        root.clearDrag();
                     }
                 }
             }
@@ -68,7 +79,7 @@ Item {
     }
 
     ChartRowsModel {
-        id: rows
+        id: chartRows
 
         source: root.source
         palette: Theme.palette

@@ -1,6 +1,6 @@
 #include "workspace/SeriesModel.h"
 
-#include "workspace/text.h"
+#include "core/text.h"
 
 namespace ospra {
 
@@ -16,19 +16,15 @@ std::set<Series> toggled(std::set<Series> enabled, Series series)
 
 } // namespace
 
-void SeriesModel::setSource(OspraModel* source)
+void SeriesModel::follow(const OspraModel& model)
 {
-    if (m_source == source)
-        return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
-    if (m_source) {
-        connect(m_source, &OspraModel::enabledSeriesChanged, this, &SeriesModel::refresh);
-        connect(m_source, &OspraModel::enabledDistanceSeriesChanged, this, &SeriesModel::refresh);
-    }
+    connect(&model, &OspraModel::enabledSeriesChanged, this, &SeriesModel::refresh);
+    connect(&model, &OspraModel::enabledDistanceSeriesChanged, this, &SeriesModel::refresh);
+}
+
+void SeriesModel::readSource()
+{
     refresh();
-    emit sourceChanged();
 }
 
 void SeriesModel::setFamily(Family family)
@@ -50,14 +46,14 @@ int SeriesModel::rowCount(const QModelIndex& parent) const
 
 QVariant SeriesModel::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_source)
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !source())
         return {};
     const auto row = static_cast<std::size_t>(index.row());
     if (role == TitleRole)
         return toQString(m_family == Data ? displayName(allDataSeries[row]) : displayName(allDistanceSeries[row]));
     if (role == EnabledRole)
-        return m_family == Data ? m_source->enabledSeries().contains(allDataSeries[row])
-                                : m_source->enabledDistanceSeries().contains(allDistanceSeries[row]);
+        return m_family == Data ? source()->enabledSeries().contains(allDataSeries[row])
+                                : source()->enabledDistanceSeries().contains(allDistanceSeries[row]);
     return {};
 }
 
@@ -68,13 +64,13 @@ QHash<int, QByteArray> SeriesModel::roleNames() const
 
 void SeriesModel::toggle(int index)
 {
-    if (index < 0 || index >= rowCount() || !m_source)
+    if (index < 0 || index >= rowCount() || !source())
         return;
     const auto row = static_cast<std::size_t>(index);
     if (m_family == Data)
-        m_source->setEnabledSeries(toggled(m_source->enabledSeries(), allDataSeries[row]));
+        source()->setEnabledSeries(toggled(source()->enabledSeries(), allDataSeries[row]));
     else
-        m_source->setEnabledDistanceSeries(toggled(m_source->enabledDistanceSeries(), allDistanceSeries[row]));
+        source()->setEnabledDistanceSeries(toggled(source()->enabledDistanceSeries(), allDistanceSeries[row]));
 }
 
 void SeriesModel::refresh()

@@ -1,27 +1,23 @@
 #pragma once
 
-#include "core/OspraModel.h"
+#include "workspace/ModelList.h"
 
-#include <QAbstractListModel>
 #include <QQmlEngine>
 
 namespace ospra {
 
 /// The series of one family with their switches, as the menu of data series shows them.
-class SeriesModel : public QAbstractListModel {
+class SeriesModel : public ModelList {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(Family family READ family WRITE setFamily NOTIFY familyChanged REQUIRED)
 
 public:
     enum Family { Data, Distance };
     Q_ENUM(Family)
 
-    using QAbstractListModel::QAbstractListModel;
+    using ModelList::ModelList;
 
-    [[nodiscard]] OspraModel* source() const { return m_source; }
-    void setSource(OspraModel* source);
     [[nodiscard]] Family family() const { return m_family; }
     void setFamily(Family family);
 
@@ -33,15 +29,17 @@ public:
     Q_INVOKABLE void toggle(int row);
 
 signals:
-    void sourceChanged();
     void familyChanged();
+
+protected:
+    void follow(const OspraModel& model) override;
+    void readSource() override;
 
 private:
     enum Role { TitleRole = Qt::UserRole, EnabledRole };
 
     void refresh();
 
-    OspraModel* m_source = nullptr;
     Family m_family = Data;
 };
 

@@ -1,7 +1,7 @@
 #include "workspace/SidebarModel.h"
 
+#include "core/text.h"
 #include "workspace/dateSections.h"
-#include "workspace/text.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,23 +9,19 @@
 namespace ospra {
 
 SidebarModel::SidebarModel(QObject* parent)
-    : QAbstractListModel(parent), m_calendar(makeUserCalendar()), m_texts(makeDateTexts())
+    : ModelList(parent), m_calendar(makeUserCalendar()), m_texts(makeDateTexts())
 {}
 
-void SidebarModel::setSource(OspraModel* source)
+void SidebarModel::follow(const OspraModel& model)
 {
-    if (m_source == source)
-        return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
-    if (m_source) {
-        connect(m_source, &OspraModel::jumpGroupsChanged, this, &SidebarModel::rebuild);
-        connect(m_source, &OspraModel::overviewSelectedDayChanged, this, &SidebarModel::rebuild);
-        connect(m_source, &OspraModel::sidebarSelectionChanged, this, &SidebarModel::updateSelectedRow);
-    }
+    connect(&model, &OspraModel::jumpGroupsChanged, this, &SidebarModel::rebuild);
+    connect(&model, &OspraModel::overviewSelectedDayChanged, this, &SidebarModel::rebuild);
+    connect(&model, &OspraModel::sidebarSelectionChanged, this, &SidebarModel::updateSelectedRow);
+}
+
+void SidebarModel::readSource()
+{
     rebuild();
-    emit sourceChanged();
 }
 
 int SidebarModel::rowCount(const QModelIndex& parent) const
@@ -38,8 +34,8 @@ QVariant SidebarModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
-    const bool isJump = row.kind == Jump && row.group < m_source->jumpGroups().size();
-    const JumpGroup* group = isJump ? &m_source->jumpGroups()[row.group] : nullptr;
+    const bool isJump = row.kind == Jump && row.group < source()->jumpGroups().size();
+    const JumpGroup* group = isJump ? &source()->jumpGroups()[row.group] : nullptr;
     switch (role) {
     case KindRole: return row.kind;
     case TitleRole: return group ? jumpTitle(*group) : row.title;
@@ -61,9 +57,9 @@ void SidebarModel::activate(int index)
         return;
     const Row row = m_rows[static_cast<std::size_t>(index)];
     switch (row.kind) {
-    case Overview: m_source->selectSidebarItem(SidebarSelection::overview()); break;
-    case Filter: m_source->setOverviewSelectedDay(std::nullopt); break;
-    case Jump: m_source->selectSidebarItem(SidebarSelection::jumpGroup(m_source->jumpGroups()[row.group])); break;
+    case Overview: source()->selectSidebarItem(SidebarSelection::overview()); break;
+    case Filter: source()->setOverviewSelectedDay(std::nullopt); break;
+    case Jump: source()->selectSidebarItem(SidebarSelection::jumpGroup(source()->jumpGroups()[row.group])); break;
     case Heading: break;
     }
 }
@@ -85,15 +81,15 @@ void SidebarModel::rebuild()
 std::vector<SidebarModel::Row> SidebarModel::makeRows() const
 {
     std::vector<Row> rows;
-    if (!m_source || m_source->jumpGroups().empty())
+    if (!source() || source()->jumpGroups().empty())
         return rows;
     rows.push_back({.kind = Overview, .title = QStringLiteral("Overview")});
-    const std::optional<Instant> day = m_source->overviewSelectedDay();
+    const std::optional<Instant> day = source()->overviewSelectedDay();
     if (day) {
         rows.push_back({.kind = Heading, .title = QStringLiteral("Filtered Day")});
         rows.push_back({.kind = Filter, .title = toQString("Showing " + m_texts->date(*day))});
     }
-    for (const DateSection& section : dateSections(m_source->jumpGroups(), day, *m_calendar, *m_texts)) {
+    for (const DateSection& section : dateSections(source()->jumpGroups(), day, *m_calendar, *m_texts)) {
         rows.push_back({.kind = Heading, .title = toQString(section.label)});
         for (const std::size_t group : section.groups)
             rows.push_back({.kind = Jump, .group = group});
@@ -103,13 +99,13 @@ std::vector<SidebarModel::Row> SidebarModel::makeRows() const
 
 int SidebarModel::findSelectedRow() const
 {
-    if (!m_source || !m_source->sidebarSelection())
+    if (!source() || !source()->sidebarSelection())
         return -1;
-    const SidebarSelection& selection = *m_source->sidebarSelection();
+    const SidebarSelection& selection = *source()->sidebarSelection();
     const auto row = std::ranges::find_if(m_rows, [&](const Row& candidate) {
         if (selection.isOverview())
             return candidate.kind == Overview;
-        return candidate.kind == Jump && m_source->jumpGroups()[candidate.group] == *selection.group();
+        return candidate.kind == Jump && source()->jumpGroups()[candidate.group] == *selection.group();
     });
     return row == m_rows.end() ? -1 : static_cast<int>(row - m_rows.begin());
 }
@@ -138,8 +134,8 @@ QVariantList SidebarModel::companionDots(const JumpGroup& group) const
     if (!group.jumpDate)
         return colors;
     for (const JumpFileEntry& entry : group.companionEntries) {
-        const auto jumper = std::ranges::find(m_source->jumpers(), entry.jumperID, &Jumper::id);
-        if (jumper != m_source->jumpers().end())
+        const auto jumper = std::ranges::find(source()->jumpers(), entry.jumperID, &Jumper::id);
+        if (jumper != source()->jumpers().end())
             colors.append(static_cast<int>(jumper->color));
     }
     return colors;

@@ -3,8 +3,8 @@
 #include "core/OspraModel.h"
 #include "platform/Calendar.h"
 #include "platform/DateTexts.h"
+#include "workspace/ModelList.h"
 
-#include <QAbstractListModel>
 #include <QQmlEngine>
 #include <QVariantList>
 
@@ -16,10 +16,9 @@ namespace ospra {
 
 /// The rows of the sidebar, top to bottom: the overview, the day filter while one is set, and the jumps under their
 /// days. Empty while there is no jump. Texts are made when a row is shown.
-class SidebarModel : public QAbstractListModel {
+class SidebarModel : public ModelList {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectedRowChanged)
 
 public:
@@ -28,8 +27,6 @@ public:
 
     explicit SidebarModel(QObject* parent = nullptr);
 
-    [[nodiscard]] OspraModel* source() const { return m_source; }
-    void setSource(OspraModel* source);
     /// The row of the model's selection, -1 if it has none on the list.
     [[nodiscard]] int selectedRow() const { return m_selectedRow; }
 
@@ -43,8 +40,11 @@ public:
     Q_INVOKABLE void refreshAges();
 
 signals:
-    void sourceChanged();
     void selectedRowChanged();
+
+protected:
+    void follow(const OspraModel& model) override;
+    void readSource() override;
 
 private:
     enum Role { KindRole = Qt::UserRole, TitleRole, NameRole, AgeRole, DotsRole };
@@ -63,7 +63,6 @@ private:
     [[nodiscard]] QString jumpAge(const JumpGroup& group) const;
     [[nodiscard]] QVariantList companionDots(const JumpGroup& group) const;
 
-    OspraModel* m_source = nullptr;
     std::unique_ptr<Calendar> m_calendar;
     std::unique_ptr<DateTexts> m_texts;
     std::vector<Row> m_rows;

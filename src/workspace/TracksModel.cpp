@@ -1,7 +1,7 @@
 #include "workspace/TracksModel.h"
 
+#include "core/text.h"
 #include "display/statsBar.h"
-#include "workspace/text.h"
 
 namespace ospra {
 
@@ -19,23 +19,19 @@ QStringList statsValues(const JumpTrack& track, UnitSystem system)
 
 } // namespace
 
-void TracksModel::setSource(OspraModel* source)
+void TracksModel::follow(const OspraModel& model)
 {
-    if (m_source == source)
-        return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
-    if (m_source) {
-        connect(m_source, &OspraModel::tracksChanged, this, &TracksModel::reset);
-        connect(m_source, &OspraModel::hiddenTrackIDsChanged, this, [this] { refresh(HiddenRole); });
-        connect(m_source, &OspraModel::useMetricChanged, this, [this] {
-            refresh(ValuesRole);
-            emit valuesChanged();
-        });
-    }
+    connect(&model, &OspraModel::tracksChanged, this, &TracksModel::reset);
+    connect(&model, &OspraModel::hiddenTrackIDsChanged, this, [this] { refresh(HiddenRole); });
+    connect(&model, &OspraModel::useMetricChanged, this, [this] {
+        refresh(ValuesRole);
+        emit valuesChanged();
+    });
+}
+
+void TracksModel::readSource()
+{
     reset();
-    emit sourceChanged();
 }
 
 void TracksModel::reset()
@@ -55,7 +51,7 @@ void TracksModel::refresh(Role role)
 
 QString TracksModel::title() const
 {
-    return rowCount() > 0 ? toQString(m_source->tracks().front().file.fileName) : QString();
+    return rowCount() > 0 ? toQString(source()->tracks().front().file.fileName) : QString();
 }
 
 QStringList TracksModel::labels() const
@@ -84,20 +80,20 @@ QVariantList TracksModel::values() const
 
 int TracksModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() || !m_source ? 0 : static_cast<int>(m_source->tracks().size());
+    return parent.isValid() || !source() ? 0 : static_cast<int>(source()->tracks().size());
 }
 
 QVariant TracksModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const JumpTrack& track = m_source->tracks()[static_cast<std::size_t>(index.row())];
+    const JumpTrack& track = source()->tracks()[static_cast<std::size_t>(index.row())];
     switch (role) {
     case NameRole: return index.row() == 0 ? QStringLiteral("Me") : toQString(track.jumperName);
     case ColorRole: return static_cast<int>(track.jumperColor);
-    case HiddenRole: return m_source->hiddenTrackIDs().contains(track.id);
+    case HiddenRole: return source()->hiddenTrackIDs().contains(track.id);
     case HintRole: return toQString(track.jumperName + " — " + track.file.fileName);
-    case ValuesRole: return statsValues(track, m_source->units().system);
+    case ValuesRole: return statsValues(track, source()->units().system);
     default: return {};
     }
 }
@@ -114,7 +110,7 @@ QHash<int, QByteArray> TracksModel::roleNames() const
 void TracksModel::toggleVisibility(int row)
 {
     if (row >= 0 && row < rowCount())
-        m_source->toggleTrackVisibility(m_source->tracks()[static_cast<std::size_t>(row)].id);
+        source()->toggleTrackVisibility(source()->tracks()[static_cast<std::size_t>(row)].id);
 }
 
 } // namespace ospra

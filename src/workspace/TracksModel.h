@@ -1,8 +1,7 @@
 #pragma once
 
-#include "core/OspraModel.h"
+#include "workspace/ModelList.h"
 
-#include <QAbstractListModel>
 #include <QQmlEngine>
 #include <QStringList>
 #include <QVariantList>
@@ -10,10 +9,9 @@
 namespace ospra {
 
 /// The tracks of the jump on screen with the texts of their statistics bars, in their order.
-class TracksModel : public QAbstractListModel {
+class TracksModel : public ModelList {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(QString title READ title NOTIFY titleChanged)
     Q_PROPERTY(QList<QString> labels READ labels CONSTANT)
@@ -21,10 +19,8 @@ class TracksModel : public QAbstractListModel {
     Q_PROPERTY(QVariantList values READ values NOTIFY valuesChanged)
 
 public:
-    using QAbstractListModel::QAbstractListModel;
+    using ModelList::ModelList;
 
-    [[nodiscard]] OspraModel* source() const { return m_source; }
-    void setSource(OspraModel* source);
     [[nodiscard]] int count() const { return rowCount(); }
     /// The name of the first track's log; empty without tracks.
     [[nodiscard]] QString title() const;
@@ -43,18 +39,19 @@ public:
     Q_INVOKABLE void toggleVisibility(int row);
 
 signals:
-    void sourceChanged();
     void countChanged();
     void titleChanged();
     void valuesChanged();
+
+protected:
+    void follow(const OspraModel& model) override;
+    void readSource() override;
 
 private:
     enum Role { NameRole = Qt::UserRole, ColorRole, HiddenRole, HintRole, ValuesRole };
 
     void reset();
     void refresh(Role role);
-
-    OspraModel* m_source = nullptr;
 };
 
 } // namespace ospra

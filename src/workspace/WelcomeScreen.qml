@@ -8,6 +8,14 @@ EmptyState {
 
     signal openFolder
 
+    /// Puts the keyboard on the button.
+    function takeFocus() {
+        button.forceActiveFocus();
+    }
+
+    // A button that is not seen must not be what the keys press.
+    onVisibleChanged: if (!root.visible) button.focus = false
+
     icon: "flight-path"
     iconSize: Theme.iconWelcome
     iconColor: Theme.textSecondary
@@ -17,6 +25,8 @@ EmptyState {
     spacing: Theme.space20
 
     Button {
+        id: button
+
         anchors.horizontalCenter: parent.horizontalCenter
         kind: Button.Prominent
         icon.name: "folder"

@@ -35,19 +35,15 @@ std::vector<std::optional<ZoomMode>> modesFor(const std::vector<JumpTrack>& trac
 
 } // namespace
 
-void ZoomModesModel::setSource(OspraModel* source)
+void ZoomModesModel::follow(const OspraModel& model)
 {
-    if (m_source == source)
-        return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
-    if (m_source) {
-        connect(m_source, &OspraModel::tracksChanged, this, &ZoomModesModel::updateRows);
-        connect(m_source, &OspraModel::zoomChanged, this, &ZoomModesModel::updateState);
-    }
+    connect(&model, &OspraModel::tracksChanged, this, &ZoomModesModel::updateRows);
+    connect(&model, &OspraModel::zoomChanged, this, &ZoomModesModel::updateState);
+}
+
+void ZoomModesModel::readSource()
+{
     updateRows();
-    emit sourceChanged();
 }
 
 int ZoomModesModel::rowCount(const QModelIndex& parent) const
@@ -63,7 +59,7 @@ QVariant ZoomModesModel::data(const QModelIndex& index, int role) const
     if (role == TextRole)
         return modeText(mode);
     if (role == OnRole)
-        return m_source->activeZoomMode() == mode;
+        return source()->activeZoomMode() == mode;
     return {};
 }
 
@@ -77,17 +73,17 @@ void ZoomModesModel::activate(int row)
     if (row < 0 || row >= rowCount())
         return;
     const std::optional<ZoomMode> mode = m_modes[static_cast<std::size_t>(row)];
-    if (mode && m_source->activeZoomMode() != mode)
-        m_source->chooseZoomMode(*mode);
+    if (mode && source()->activeZoomMode() != mode)
+        source()->chooseZoomMode(*mode);
     else
-        m_source->clearZoom();
+        source()->clearZoom();
 }
 
 void ZoomModesModel::updateRows()
 {
     std::vector<std::optional<ZoomMode>> modes;
-    if (m_source)
-        modes = modesFor(m_source->tracks());
+    if (source())
+        modes = modesFor(source()->tracks());
     if (modes == m_modes)
         return;
     beginResetModel();

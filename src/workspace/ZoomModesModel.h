@@ -1,8 +1,7 @@
 #pragma once
 
-#include "core/OspraModel.h"
+#include "workspace/ModelList.h"
 
-#include <QAbstractListModel>
 #include <QQmlEngine>
 
 #include <optional>
@@ -11,17 +10,14 @@
 namespace ospra {
 
 /// The zoom toggles of the toolbar: those that the phases of the first track allow, and which of them is on.
-class ZoomModesModel : public QAbstractListModel {
+class ZoomModesModel : public ModelList {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(ospra::OspraModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    using QAbstractListModel::QAbstractListModel;
+    using ModelList::ModelList;
 
-    [[nodiscard]] OspraModel* source() const { return m_source; }
-    void setSource(OspraModel* source);
     [[nodiscard]] int count() const { return rowCount(); }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -32,8 +28,11 @@ public:
     Q_INVOKABLE void activate(int row);
 
 signals:
-    void sourceChanged();
     void countChanged();
+
+protected:
+    void follow(const OspraModel& model) override;
+    void readSource() override;
 
 private:
     enum Role { TextRole = Qt::UserRole, OnRole };
@@ -41,7 +40,6 @@ private:
     void updateRows();
     void updateState();
 
-    OspraModel* m_source = nullptr;
     std::vector<std::optional<ZoomMode>> m_modes; // absent: the whole log
 };
 

@@ -169,11 +169,9 @@ TEST_F(PlotItemTest, keepsTheOldPictureUntilTheNewOneIsThere)
 TEST_F(PlotItemTest, drawsOnceForChangesThatComeTogether)
 {
     const int before = m_plot->rasterCount();
-    PlotContent content = levelLine(30.0);
-    m_plot->setContent(content);
-    content.seconds = {10.0, 60.0};
-    m_plot->setContent(content);
+    m_view->setProperty("axisWidth", 20.0);
     m_view->setProperty("bottomMargin", 55.0);
+    m_plot->setContent(levelLine(30.0));
     nextPicture(before);
     QCoreApplication::processEvents();
     m_window->grabWindow();

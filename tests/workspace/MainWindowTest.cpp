@@ -1,11 +1,4 @@
-#include "plot/PlotItem.h"
-#include "tests/core/ModelTestBed.h"
-#include "workspace/OspraApp.h"
-
-#include <QQmlApplicationEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTest>
+#include "tests/workspace/WindowTest.h"
 
 #include <gtest/gtest.h>
 
@@ -14,74 +7,7 @@
 namespace ospra {
 namespace {
 
-/// The real window on a model with two jumps, the newer one with a companion.
-class MainWindow : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        bed.addLog("me", "a.csv");
-        bed.addLog("me", "b.csv", {.startSeconds = JumpPlan{}.startSeconds + 7200.0});
-        bed.addLog("friend", "b.csv", {.startSeconds = JumpPlan{}.startSeconds + 7201.0});
-        QObject::connect(&engine, &QQmlEngine::warnings, [this](const QList<QQmlError>& errors) {
-            for (const QQmlError& error : errors)
-                warnings.append(error.toString());
-        });
-        engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-        engine.setInitialProperties({{QStringLiteral("source"), QVariant::fromValue(&model)}});
-        engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Ospra/Workspace/MainWindow.qml")));
-        window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
-        ASSERT_TRUE(window);
-        window->requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-        model.openFolder(bed.folder("me"));
-        model.addCompanion(bed.folder("friend"));
-        bed.settle();
-    }
-
-    void TearDown() override { EXPECT_EQ(warnings.join(QLatin1Char('\n')), ""); }
-
-    void press(Qt::Key key)
-    {
-        QTest::keyClick(window, key);
-        bed.settle();
-    }
-
-    /// The plots on screen, top to bottom.
-    std::vector<PlotItem*> plots() const
-    {
-        std::vector<PlotItem*> list;
-        collectPlots(window->contentItem(), list);
-        return list;
-    }
-
-    static void collectPlots(QQuickItem* item, std::vector<PlotItem*>& list)
-    {
-        if (auto* plot = qobject_cast<PlotItem*>(item); plot && plot->isVisible())
-            list.push_back(plot);
-        for (QQuickItem* child : item->childItems())
-            collectPlots(child, list);
-    }
-
-    static QPoint pointIn(const PlotItem* plot, double x)
-    {
-        return plot->mapToScene(QPointF(x * plot->width(), plot->height() / 2)).toPoint();
-    }
-
-    void waitForPictures() const
-    {
-        ASSERT_TRUE(QTest::qWaitFor([this] {
-            const std::vector<PlotItem*> list = plots();
-            return !list.empty() && std::ranges::all_of(list, [](PlotItem* plot) { return plot->rasterCount() > 0; });
-        }));
-        QTest::qWait(100);
-    }
-
-    ModelTestBed bed;
-    OspraModel& model = bed.model();
-    QStringList warnings;
-    QQmlApplicationEngine engine;
-    QQuickWindow* window = nullptr;
-};
+class MainWindow : public WindowTest {};
 
 TEST_F(MainWindow, arrowKeysWalkTheJumpsAndSpaceSwitchesTheZoom)
 {
@@ -159,6 +85,35 @@ TEST_F(MainWindow, aFailedLoadShowsTheAlertAndAnyKeyOfDismissalClearsIt)
     QTest::qWait(200);
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !model.hasError(); }));
+}
+
+/// The text of the button that has the keyboard.
+QString focusedText(const QQuickWindow* window)
+{
+    const QQuickItem* item = window->activeFocusItem();
+    return item ? item->property("text").toString() : QString();
+}
+
+TEST_F(MainWindow, theWelcomeButtonHasTheKeyboardWhereNobodyElseWantsIt)
+{
+    const QString button = QStringLiteral("Open Jumps Folder...");
+    EXPECT_NE(focusedText(window), button) << "not while jumps are shown";
+    model.closeFolder();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return focusedText(window) == button; }));
+
+    // With a jump on screen the keys are the charts' again, though the button had them.
+    model.openFolder(bed.folder("me"));
+    bed.settle();
+    press(Qt::Key_Down);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(model.zoomRange());
+
+    QTest::keyClick(window, Qt::Key_Tab);
+    const QQuickItem* elsewhere = window->activeFocusItem();
+    ASSERT_TRUE(elsewhere && elsewhere->mapToScene({}).x() < 200.0) << "the sidebar's menu comes first";
+    model.closeFolder();
+    QTest::qWait(50);
+    EXPECT_EQ(window->activeFocusItem(), elsewhere);
 }
 
 TEST_F(MainWindow, survivesAnySizeAndAnEmptiedModel)

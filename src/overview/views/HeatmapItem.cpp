@@ -2,7 +2,7 @@
 
 #include "overview/heatmapScale.h"
 #include "overview/overviewTexts.h"
-#include "overview/views/text.h"
+#include "core/text.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>

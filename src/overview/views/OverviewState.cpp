@@ -4,7 +4,7 @@
 #include "overview/OverviewTimeRange.h"
 #include "overview/jumpLists.h"
 #include "overview/overviewTexts.h"
-#include "overview/views/text.h"
+#include "core/text.h"
 
 #include <algorithm>
 #include <iterator>

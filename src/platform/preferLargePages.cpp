@@ -1,4 +1,4 @@
-#include "logs/preferLargePages.h"
+#include "platform/preferLargePages.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "workspace/FlightMapModel.h"
 
+#include "core/text.h"
 #include "workspace/flightPaths.h"
-#include "workspace/text.h"
 
 #include <cstddef>
 #include <cstdint>

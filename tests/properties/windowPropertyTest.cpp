@@ -18,10 +18,9 @@ namespace {
 
 constexpr std::array allZoomModes{ZoomMode::freefall, ZoomMode::canopy, ZoomMode::freefallAndCanopy};
 
-/// The coordinates of a segment, whatever they are held in.
 const std::vector<Coordinate>& pathOf(const VisibleMapSegment& segment)
 {
-    return segment.coordinates;
+    return *segment.coordinates;
 }
 
 bool belongsTo(ZoomMode mode, JumpPhase phase)
@@ -141,7 +140,8 @@ TEST(MapOfAnyTracks, showsEachPhaseWhole)
         Dice dice(seed);
         const Scene scene = makeScene(dice);
         const Zoom zoom = makeZoom(dice, scene);
-        const std::vector<VisibleMapSegment> segments = visibleMapSegments(scene.tracks, scene.hidden, zoom);
+        const std::vector<VisibleMapSegment> segments =
+            visibleMapSegments(scene.tracks, buildMapPaths(scene.tracks), scene.hidden, zoom);
         std::size_t count = 0;
         for (const JumpTrack* track : scene.visible) {
             for (const JumpPhaseRange& range : track->phases) {

@@ -46,6 +46,9 @@ void TileMap::dragTo(QPointF position)
     if (!m_dragPosition)
         return;
     const QPointF way = position - *m_dragPosition;
+    if (way.isNull())
+        return;
+    takeInHand(); // the program may have aimed in between
     m_dragPosition = position;
     m_velocity.move(viewPoint(position), m_time.elapsed());
     moveTo(panned(m_camera, way.x(), way.y()));
@@ -144,6 +147,7 @@ void TileMap::mouseReleaseEvent(QMouseEvent* event)
 
 void TileMap::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    cancelDrag(); // which this press has begun: letting go would end the zoom
     zoomSoftly(event->position(), event->modifiers().testFlag(Qt::ShiftModifier) ? -doubleClickZoom : doubleClickZoom);
 }
 
@@ -170,9 +174,9 @@ void TileMap::wheelEvent(QWheelEvent* event)
 void TileMap::touchEvent(QTouchEvent* event)
 {
     setKeepTouchGrab(true);
-    if (event->isBeginEvent())
+    if (event->type() == QEvent::TouchBegin)
         emit touched();
-    if (event->isEndEvent())
+    if (event->type() == QEvent::TouchEnd)
         endDrag();
     else
         pinch(*event);

@@ -12,6 +12,13 @@ constexpr double greatestSpacing = 480.0; // logical px
 constexpr double metersPerDegree = 111'195.0;
 constexpr double spacingsPerBand = 100.0; // lines in a band of latitude in which they have the same distance
 
+/// The distance of lines in world units: the same in a whole band of latitude, so that they lie still.
+double worldStep(double spacing, double latitude)
+{
+    const double band = spacing * spacingsPerBand / metersPerDegree;
+    return spacing / metersPerWorldUnit(std::clamp(std::round(latitude / band) * band, -85.0, 85.0));
+}
+
 /// Ascending pixels of the multiples of `step`, from the first that lies at or after `start`.
 std::vector<double> multiples(double start, double end, double step, double size)
 {
@@ -29,16 +36,13 @@ GridLines gridLines(const MapView& view)
         return {};
     const double size = view.camera.worldSize();
     const double latitude = coordinateAt(view.camera.center).latitude;
-    const double pixelsPerMeter = size / metersPerWorldUnit(latitude);
     double spacing = plainSpacing;
-    while (spacing * pixelsPerMeter < leastSpacing)
+    while (worldStep(spacing, latitude) * size < leastSpacing)
         spacing *= 10.0;
-    while (spacing * pixelsPerMeter > greatestSpacing)
+    while (worldStep(spacing, latitude) * size > greatestSpacing)
         spacing /= 10.0;
 
-    const double band = spacing * spacingsPerBand / metersPerDegree;
-    const double bandLatitude = std::clamp(std::round(latitude / band) * band, -85.0, 85.0);
-    const double step = spacing / metersPerWorldUnit(bandLatitude);
+    const double step = worldStep(spacing, latitude);
     const WorldRect world = view.visibleWorld();
     GridLines lines{.x = multiples(world.left, world.right, step, size)};
     // The level lines end where the square does.

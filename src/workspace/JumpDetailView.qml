@@ -38,6 +38,7 @@ Item {
         JumpChartView {
             id: charts
 
+            objectName: "charts"
             T.SplitView.preferredWidth: Math.round(Math.max(Theme.chartsMinimum, Math.min(root.chartsShare * split.width, split.greatestCharts)))
             T.SplitView.minimumWidth: Theme.chartsMinimum
             source: root.source

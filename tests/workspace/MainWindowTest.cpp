@@ -1,4 +1,5 @@
 #include "tests/workspace/WindowTest.h"
+#include "tilemap/item/TileMap.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,38 @@ TEST_F(MainWindow, aHoverMovesTheCursorAndDrawsNoLineAnew)
     EXPECT_FALSE(model.hoveredSeconds());
     for (std::size_t index = 0; index < list.size(); ++index)
         EXPECT_EQ(list[index]->rasterCount(), before[index]);
+}
+
+TEST_F(MainWindow, theMapTakesTheArrowKeysWhileItHasTheFocus)
+{
+    press(Qt::Key_Down);
+    waitForPictures();
+    auto* const map = window->findChild<TileMap*>();
+    ASSERT_TRUE(map);
+    const std::string jump = model.tracks().front().file.fileName;
+    QTest::mouseClick(window, Qt::LeftButton, {}, map->mapToScene({50.0, 50.0}).toPoint());
+    const Camera before = map->camera();
+    press(Qt::Key_Down);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return map->camera() != before; }));
+    EXPECT_EQ(model.tracks().front().file.fileName, jump);
+    press(Qt::Key_Space); // is no key of the map's
+    EXPECT_FALSE(model.zoomRange());
+}
+
+TEST_F(MainWindow, chartsAndMapShareTheLeastWindow)
+{
+    press(Qt::Key_Down);
+    for (const int width : {900, 1000, 1200}) {
+        SCOPED_TRACE(width);
+        window->resize(width, 600);
+        QTest::qWait(50);
+        const auto* const map = window->findChild<TileMap*>();
+        const double left = map->mapToScene({}).x();
+        const double charts = left - window->findChild<QQuickItem*>(QStringLiteral("charts"))->mapToScene({}).x();
+        EXPECT_GE(map->width(), 300.0);
+        EXPECT_GE(charts, 400.0);
+        EXPECT_NEAR(left + map->width(), width, 0.5);
+    }
 }
 
 TEST_F(MainWindow, aDragZoomsAndAShortOneDoesNot)

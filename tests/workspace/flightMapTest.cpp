@@ -24,7 +24,8 @@ protected:
     void SetUp() override
     {
         bed.addLog("me", "a.csv", {.rate = 10.0});
-        bed.addLog("friend", "a.csv", {.rate = 10.0, .groundSeconds = 5.0, .startSeconds = JumpPlan{}.startSeconds + 1.0});
+        bed.addLog("friend", "a.csv",
+                   {.rate = 10.0, .groundSeconds = 5.0, .startSeconds = JumpPlan{}.startSeconds + 1.0});
         QObject::connect(&engine, &QQmlEngine::warnings, [this](const QList<QQmlError>& errors) {
             for (const QQmlError& error : errors)
                 warnings.append(error.toString());
@@ -70,6 +71,34 @@ protected:
         QTest::qWait(60);
     }
 
+    /// The anchor that a screen reader knows by this name.
+    MapAnchor* anchor(const QString& name) const
+    {
+        for (QQuickItem* const item : map->childItems()) {
+            if (item->property("title") == name || item->property("text") == name)
+                return qobject_cast<MapAnchor*>(item);
+        }
+        return nullptr;
+    }
+
+    /// The markers under the cursor that can be seen, in their order.
+    std::vector<MapAnchor*> markers() const
+    {
+        std::vector<MapAnchor*> list;
+        for (QQuickItem* const item : map->childItems()) {
+            if (item->property("markerColor").isValid() && item->isVisible())
+                list.push_back(qobject_cast<MapAnchor*>(item));
+        }
+        return list;
+    }
+    QStringList names() const
+    {
+        QStringList list;
+        for (const MapAnchor* const marker : markers())
+            list.append(marker->property("name").toString());
+        return list;
+    }
+
     ModelTestBed bed;
     OspraModel& model = bed.model();
     QStringList warnings;
@@ -79,17 +108,158 @@ protected:
     FlightMapModel* flight = nullptr;
 };
 
-TEST_F(FlightMap, hover)
+TEST(FlightPaths, areDrawnByPhase)
+{
+    struct Row {
+        JumpPhase phase;
+        double width;
+        DashPattern dash;
+    };
+    const Row rows[] = {{JumpPhase::aircraft, 1.5, {6, 4}},
+                        {JumpPhase::freefall, 3.0, {}},
+                        {JumpPhase::deployment, 3.0, {4, 3}},
+                        {JumpPhase::canopy, 2.1, {8, 3}},
+                        {JumpPhase::ground, 0.9, {2, 4}}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(displayName(row.phase));
+        VisibleMapSegment segment{.id = "x", .phase = row.phase, .isPrimary = true, .opacity = 0.4};
+        const MapPath path = segmentPath(segment, 0x123456);
+        EXPECT_NEAR(path.width, row.width, 1e-9);
+        EXPECT_EQ(path.dash, row.dash);
+        EXPECT_EQ(path.color, 0x123456u);
+        EXPECT_EQ(path.opacity, 0.4);
+        EXPECT_NEAR(path.casingOpacity, 0.18, 1e-9);
+        EXPECT_NEAR(path.casingWidth, row.width + 2.0, 1e-9);
+        segment.isPrimary = false;
+        EXPECT_NEAR(segmentPath(segment, 0).width, row.width * 2.5 / 3.0, 1e-9);
+    }
+}
+
+TEST(FlightPaths, tellBearings)
+{
+    EXPECT_NEAR(bearingBetween({0.0, 8.0}, {0.0, 9.0}), 90.0, 1e-9);
+    EXPECT_NEAR(bearingBetween({47.0, 8.0}, {46.0, 8.0}), 180.0, 1e-9);
+    EXPECT_NEAR(bearingBetween({47.0, 8.0}, {48.0, 8.0}), 0.0, 1e-9);
+    // From the north-west corner of a small square to its south-east one, at 60 degrees north half as wide as high.
+    EXPECT_NEAR(bearingBetween({60.0, 8.0}, {59.999, 8.002}), 135.0, 0.01);
+}
+
+TEST_F(FlightMap, drawsPathsInOrderAndTheJumpRunAboveThem)
 {
     load();
-    model.setHoveredSeconds(150.0);
-    for (MapAnchor* a : map->findChildren<MapAnchor*>())
-        qDebug() << a << a->isVisible() << a->position() << a->size() << a->place().latitude;
-    for (QQuickItem* a : map->childItems())
-        if (auto* m = qobject_cast<MapAnchor*>(a)) qDebug() << a << m->map() << m->place().latitude << m->property("markerPlace") << m->property("name");
-    for (int i = 0; i < 2; ++i)
-        qDebug() << flight->data(flight->index(i), Qt::UserRole + 2).value<MapPlace>().latitude << flight->roleNames();
-    qDebug() << flight->rowCount() << model.visibleTracks().size();
+    const std::vector<MapPath>& paths = map->content().paths;
+    ASSERT_EQ(paths.size(), model.visibleMapSegments().size() + 1);
+    for (std::size_t i = 0; i + 1 < paths.size(); ++i) {
+        EXPECT_EQ(paths[i].id, model.visibleMapSegments()[i].id);
+        EXPECT_EQ(paths[i].coordinates, model.visibleMapSegments()[i].coordinates);
+        EXPECT_EQ(paths[i].color, i < paths.size() / 2 ? 0xffffffu : 0xf0c419u); // dark values in a light window
+    }
+    EXPECT_EQ(paths.back().color, 0xf0c419u);
+    EXPECT_EQ(paths.back().width, 2.0);
+    EXPECT_EQ(paths.back().dash, (DashPattern{8.0, 6.0}));
+    const JumpRunLine line = *jumpRunLine(model.tracks());
+    EXPECT_EQ(*paths.back().coordinates, (std::vector{line.start, line.end}));
+    EXPECT_NEAR(flight->jumpRunBearing(), 90.0, 1.0); // the climb goes to the east
+    EXPECT_EQ(anchor("Jump Run")->place().coordinate(), line.start);
+}
+
+TEST_F(FlightMap, marksExitAndLandingOfTheFirstVisibleTrack)
+{
+    load();
+    for (const bool isHidden : {false, true}) {
+        SCOPED_TRACE(isHidden);
+        const JumpTrack& first = model.tracks()[isHidden ? 1 : 0];
+        const auto* const freefall = findPhase(first.phases, JumpPhase::freefall);
+        ASSERT_TRUE(freefall);
+        EXPECT_EQ(anchor("Exit")->place().coordinate(),
+                  first.file.dataPoints[static_cast<std::size_t>(freefall->startIndex)].coordinate);
+        EXPECT_EQ(anchor("Landing")->place().coordinate(), first.file.dataPoints.back().coordinate);
+        model.toggleTrackVisibility(model.tracks().front().id);
+        settle();
+    }
+}
+
+TEST_F(FlightMap, hasNoExitWithoutAFreefall)
+{
+    bed.addLog("me", "a.csv", {.exitAltitude = 600.0, .openingAltitude = 600.0});
+    load();
+    ASSERT_FALSE(findPhase(model.tracks().front().phases, JumpPhase::freefall));
+    EXPECT_FALSE(anchor("Exit")->isVisible());
+    EXPECT_TRUE(anchor("Landing")->isVisible());
+}
+
+TEST_F(FlightMap, movesMarkersAloneWithTheCursor)
+{
+    load();
+    const int pictures = map->pathRasterCount();
+    const Camera camera = map->camera();
+    ASSERT_GT(pictures, 0);
+    EXPECT_TRUE(markers().empty());
+    for (const double seconds : {150.0, 160.0, 200.0}) {
+        model.setHoveredSeconds(seconds);
+        const auto points = hoveredPoints(model.tracks(), {}, model.hoveredSeconds());
+        ASSERT_EQ(markers().size(), 2u);
+        for (std::size_t i = 0; i < 2; ++i)
+            EXPECT_EQ(markers()[i]->place().coordinate(),
+                      model.tracks()[i].file.dataPoints[static_cast<std::size_t>(*points[i])].coordinate);
+        QTest::qWait(20);
+    }
+    EXPECT_EQ(names(), (QStringList{"Me", "friend"}));
+    EXPECT_EQ(map->pathRasterCount(), pictures);
+    EXPECT_EQ(map->camera(), camera);
+
+    model.setHoveredSeconds(model.tracks()[0].elapsed.back()); // the friend's log has ended
+    EXPECT_EQ(names(), QStringList{"Me"});
+    model.setHoveredSeconds(std::nullopt);
+    EXPECT_TRUE(markers().empty());
+}
+
+TEST_F(FlightMap, callsTheFirstVisibleJumperMe)
+{
+    load();
+    model.toggleTrackVisibility(model.tracks().front().id);
+    model.setHoveredSeconds(160.0);
+    EXPECT_EQ(names(), QStringList{"Me"});
+    EXPECT_EQ(markers().front()->property("markerColor").value<QColor>(), QColor(0xf0c419));
+}
+
+TEST_F(FlightMap, movesTheCameraAtItsMomentsOnly)
+{
+    load();
+    const Camera zoomed = map->camera(); // freefall and canopy are the first zoom
+    model.clearZoom();
+    settle();
+    const Camera everything = map->camera();
+    EXPECT_LT(everything.zoom, zoomed.zoom); // the jump run is 4 km long
+    model.chooseZoomMode(ZoomMode::freefallAndCanopy);
+    settle();
+    EXPECT_EQ(map->camera(), zoomed);
+
+    const Camera moved = panned(zoomed, 50.0, 20.0);
+    map->setCamera(moved);
+    model.setHoveredSeconds(160.0);
+    model.setUseMetric(false);
+    model.setEnabledSeries({DataSeries::elevation});
+    model.rebuildVisibleData(); // lands on the same region
+    model.chooseZoomMode(ZoomMode::freefallAndCanopy);
+    settle();
+    EXPECT_EQ(map->camera(), moved);
+    model.toggleTrackVisibility(model.tracks()[1].id);
+    model.toggleTrackVisibility(model.tracks()[1].id);
+    settle();
+    EXPECT_EQ(map->camera(), zoomed);
+}
+
+TEST_F(FlightMap, isEmptyWithoutTracks)
+{
+    load();
+    model.closeFolder();
+    bed.settle();
+    settle();
+    EXPECT_TRUE(markers().empty());
+    for (const char* const name : {"Exit", "Landing", "Jump Run"})
+        EXPECT_FALSE(anchor(name)->isVisible()) << name;
+    EXPECT_TRUE(model.tracks().empty() == map->content().paths.empty());
 }
 
 } // namespace

@@ -1,0 +1,232 @@
+#include "tests/core/ModelTestBed.h"
+#include "tests/support/TileServer.h"
+#include "tilemap/item/MapImagery.h"
+#include "tilemap/item/TileMap.h"
+#include "workspace/FlightMapModel.h"
+#include "workspace/OspraApp.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+#include <benchmark/benchmark.h>
+
+#include <ctime>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace ospra {
+namespace {
+
+double processorTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// The flight map alone in a window of 800 x 600, on jumps of four tracks of about 25,000 samples, with imagery.
+class MapWindow {
+public:
+    MapWindow()
+    {
+        double start = JumpPlan{}.startSeconds;
+        for (const char* name : {"me", "a", "b", "c"}) {
+            start += 1.0;
+            for (const auto& [file, later] : {std::pair{"one.csv", 0.0}, std::pair{"two.csv", 86400.0}})
+                m_bed.addLog(name, file, {.rate = 45.0, .climbSeconds = 240.0, .startSeconds = start + later});
+        }
+        model().openFolder(m_bed.folder("me"));
+        for (const char* name : {"a", "b", "c"})
+            model().addCompanion(m_bed.folder(name));
+        m_bed.settle();
+        model().selectNextJump();
+        m_bed.settle();
+        m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+        QQmlComponent component(&m_engine);
+        component.setData(R"(
+            import QtQuick
+            import Ospra.Workspace
+            Window {
+                id: root
+                required property OspraModel source
+                width: 800; height: 600; visible: true
+                FlightPathMapView { anchors.fill: parent; source: root.source }
+            })",
+                          QUrl(QStringLiteral("qrc:/map.qml")));
+        m_window.reset(qobject_cast<QQuickWindow*>(
+            component.createWithInitialProperties({{QStringLiteral("source"), QVariant::fromValue(&model())}})));
+        QObject::connect(m_window.get(), &QQuickWindow::frameSwapped, m_window.get(), [this] { ++m_frames; });
+        m_map = m_window->findChild<TileMap*>();
+        waitFor([this] { return m_map->pathRasterCount() > 0 && m_map->textureCount() >= 6; });
+        QElapsedTimer timer; // the rest of the tiles
+        timer.start();
+        waitFor([&] { return timer.elapsed() > 1500; });
+    }
+
+    OspraModel& model() { return m_bed.model(); }
+    TileMap& map() { return *m_map; }
+
+    void load(bool next)
+    {
+        next ? model().selectNextJump() : model().selectPreviousJump();
+        m_bed.settle();
+    }
+
+    void waitForFrame()
+    {
+        const int before = m_frames;
+        m_window->update();
+        waitFor([&] { return m_frames != before; });
+    }
+    void waitForPicture(int before)
+    {
+        waitFor([&] { return m_map->pathRasterCount() > before; });
+        waitForFrame();
+    }
+
+private:
+    template <typename Reached>
+    void waitFor(Reached reached)
+    {
+        while (!reached()) {
+            m_window->update();
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        }
+    }
+
+    TileServer m_server;
+    MapImagery m_imagery{std::make_unique<TileStore>(
+        std::vector{
+            MapSource{.id = "ground", .address = m_server.address() + "/imagery/{z}/{x}/{y}.jpg", .nativeZoom = 17}},
+        TileStoreOptions{.userAgent = "map-benchmark/1"})};
+    ModelTestBed m_bed;
+    QQmlEngine m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    TileMap* m_map = nullptr;
+    int m_frames = 0;
+};
+
+/// Made at the first use, and gone before the application is.
+std::unique_ptr<MapWindow> theWindow;
+
+MapWindow& mapWindow()
+{
+    if (!theWindow)
+        theWindow = std::make_unique<MapWindow>();
+    return *theWindow;
+}
+
+void countTime(benchmark::State& state, double start, int pictures)
+{
+    const auto iterations = static_cast<double>(state.iterations());
+    state.counters["process_ms"] = (processorTime() - start) / iterations;
+    state.counters["path_pictures"] = (mapWindow().map().pathRasterCount() - pictures) / iterations;
+    state.counters["tiles"] = mapWindow().map().textureCount();
+}
+
+/// A frame while the ground is dragged in a wide circle, 8 px a frame.
+void BM_PanToFrame(benchmark::State& state)
+{
+    MapWindow& window = mapWindow();
+    const double start = processorTime();
+    const int pictures = window.map().pathRasterCount();
+    int step = 0;
+    for (auto _ : state) {
+        constexpr int side = 60; // frames
+        const int turn = step++ / side % 4;
+        window.map().setCamera(panned(window.map().camera(),
+                                      turn == 0   ? 8
+                                      : turn == 2 ? -8
+                                                  : 0,
+                                      turn == 1   ? 8
+                                      : turn == 3 ? -8
+                                                  : 0));
+        window.waitForFrame();
+    }
+    countTime(state, start, pictures);
+}
+BENCHMARK(BM_PanToFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A frame while the wheel zooms in and out, a level in 20 frames.
+void BM_ZoomToFrame(benchmark::State& state)
+{
+    MapWindow& window = mapWindow();
+    const double start = processorTime();
+    const int pictures = window.map().pathRasterCount();
+    int step = 0;
+    for (auto _ : state) {
+        const double way = step++ / 20 % 2 == 0 ? 0.05 : -0.05;
+        window.map().setCamera(zoomedAbout(window.map().view(), {300.0, 300.0}, window.map().zoom() + way));
+        window.waitForFrame();
+    }
+    countTime(state, start, pictures);
+}
+BENCHMARK(BM_ZoomToFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A frame while the cursor of the charts moves the markers.
+void BM_HoverToFrame(benchmark::State& state)
+{
+    MapWindow& window = mapWindow();
+    const TimeRange range = window.model().displayRange();
+    const double start = processorTime();
+    const int pictures = window.map().pathRasterCount();
+    double seconds = range.lo;
+    for (auto _ : state) {
+        seconds = seconds + 0.5 > range.hi ? range.lo : seconds + 0.5;
+        window.model().setHoveredSeconds(seconds);
+        window.waitForFrame();
+    }
+    countTime(state, start, pictures);
+}
+BENCHMARK(BM_HoverToFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The yardstick: the same map drawn again without any change.
+void BM_BareFrame(benchmark::State& state)
+{
+    MapWindow& window = mapWindow();
+    const double start = processorTime();
+    const int pictures = window.map().pathRasterCount();
+    for (auto _ : state)
+        window.waitForFrame();
+    countTime(state, start, pictures);
+}
+BENCHMARK(BM_BareFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// From the finish of a load to the frame that shows its paths.
+void BM_LoadToPicture(benchmark::State& state)
+{
+    MapWindow& window = mapWindow();
+    bool next = false;
+    for (auto _ : state) {
+        state.PauseTiming();
+        next = !next;
+        QMetaObject::Connection finish;
+        bool isLoaded = false;
+        finish = QObject::connect(&window.model(), &OspraModel::tracksChanged, &window.map(), [&] {
+            if (!std::exchange(isLoaded, true))
+                state.ResumeTiming();
+        });
+        const int before = window.map().pathRasterCount();
+        window.load(next);
+        window.waitForPicture(before);
+        QObject::disconnect(finish);
+    }
+}
+BENCHMARK(BM_LoadToPicture)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace ospra
+
+int main(int argc, char** argv)
+{
+    ospra::prepareApplication();
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    ospra::theWindow.reset();
+    return 0;
+}

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import QtQuick.Window
 import Ospra.Controls
 import Ospra.Workspace
 

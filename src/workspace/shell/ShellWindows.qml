@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Window
 import Ospra.Workspace
 
 /// The small windows of the program, each made when it is first shown.

@@ -14,6 +14,8 @@ Row {
 
     Label {
         anchors.baseline: value.baseline
+        width: Math.min(Math.ceil(implicitWidth), Theme.readingNameMaximum)
+        elide: Text.ElideRight
         text: root.name
         textStyle: Theme.caption2
         font.weight: Font.Medium

@@ -15,6 +15,7 @@ Item {
     required property list<string> names
     required property list<int> colors
     required property list<string> values
+    required property color groundColor ///< below the header, opaque
     readonly property real room: root.width - 2 * Theme.padding - dot.width - Theme.space6
     readonly property real readingsWidth: (time.visible ? time.implicitWidth + Theme.space6 : 0) + (readings.width > 0 ? readings.width + Theme.space10 : 0)
     readonly property bool showsUnit: titleText.implicitWidth + root.readingsWidth + Theme.space12 + unitText.implicitWidth <= root.room
@@ -48,6 +49,8 @@ Item {
     }
 
     Item {
+        id: readout
+
         anchors.left: titleText.visible ? titleText.right : dot.right
         anchors.right: parent.right
         anchors.rightMargin: Theme.padding
@@ -85,6 +88,11 @@ Item {
                     value: root.values[index] ?? ""
                 }
             }
+        }
+
+        FadeEdge {
+            visible: readings.x + readings.width > readout.width
+            groundColor: root.groundColor
         }
     }
 

@@ -20,6 +20,7 @@ Item {
     required property real dragStart
     required property real dragEnd
     readonly property bool isDragged: drag.active
+    readonly property color hoverColor: Qt.alpha(Theme.text, 0.04)
 
     signal dragged(start: real, end: real)
     signal dragFinished
@@ -38,7 +39,7 @@ Item {
         anchors.leftMargin: Theme.space4
         anchors.rightMargin: Theme.space4
         radius: Theme.radiusControl
-        color: rowHover.hovered ? Qt.alpha(Theme.text, 0.04) : "transparent"
+        color: rowHover.hovered ? root.hoverColor : "transparent"
     }
 
     HoverHandler {
@@ -57,6 +58,7 @@ Item {
         names: root.readingNames
         colors: root.readingColors
         values: root.readingValues
+        groundColor: rowHover.hovered ? Qt.tint(Theme.content, root.hoverColor) : Theme.content
     }
 
     PlotView {

@@ -14,7 +14,7 @@ namespace ospra {
 
 /// The rows of the chart column with all that they draw and read out. A hover changes only what moves with it, and only
 /// in the rows that can be seen.
-class ChartRowsModel : public ModelList {
+class ChartRowsModel : public ospra::ModelList { // in full, as qmllint finds the base only so
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QList<QColor> palette READ palette WRITE setPalette NOTIFY paletteChanged REQUIRED)

@@ -7,7 +7,7 @@
 namespace ospra {
 
 /// The companions by name, in their order.
-class CompanionsModel : public ModelList {
+class CompanionsModel : public ospra::ModelList { // in full, as qmllint finds the base only so
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(int count READ count NOTIFY countChanged)

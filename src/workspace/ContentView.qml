@@ -65,7 +65,7 @@ FocusScope {
         id: content
 
         source: root.source
-        onScreenChanged: Qt.callLater(root.welcome)
+        onScreenChanged: root.welcome()
     }
 
     FolderPanel {

@@ -6,7 +6,7 @@ import Ospra.Workspace
 
 /// The bar above the screens: the title, and for a jump the menu of series, the zoom toggles and the legend. The group
 /// stands in the middle; where the room gets short it moves to the edge, then the menu loses its text, then the title
-/// is cut.
+/// is cut, then the longest names of the legend.
 Item {
     id: root
 
@@ -74,8 +74,8 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.tracks.count > 1
             tracks: root.tracks
+            room: root.width - 2 * Theme.padding - legend.x
         }
-
     }
 
     ZoomModesModel {

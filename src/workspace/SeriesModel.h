@@ -7,7 +7,7 @@
 namespace ospra {
 
 /// The series of one family with their switches, as the menu of data series shows them.
-class SeriesModel : public ModelList {
+class SeriesModel : public ospra::ModelList { // in full, as qmllint finds the base only so
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(Family family READ family WRITE setFamily NOTIFY familyChanged REQUIRED)

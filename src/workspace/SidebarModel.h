@@ -16,7 +16,7 @@ namespace ospra {
 
 /// The rows of the sidebar, top to bottom: the overview, the day filter while one is set, and the jumps under their
 /// days. Empty while there is no jump. Texts are made when a row is shown.
-class SidebarModel : public ModelList {
+class SidebarModel : public ospra::ModelList { // in full, as qmllint finds the base only so
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectedRowChanged)

@@ -9,7 +9,7 @@
 namespace ospra {
 
 /// The tracks of the jump on screen with the texts of their statistics bars, in their order.
-class TracksModel : public ModelList {
+class TracksModel : public ospra::ModelList { // in full, as qmllint finds the base only so
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(int count READ count NOTIFY countChanged)

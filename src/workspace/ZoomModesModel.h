@@ -10,7 +10,7 @@
 namespace ospra {
 
 /// The zoom toggles of the toolbar: those that the phases of the first track allow, and which of them is on.
-class ZoomModesModel : public ModelList {
+class ZoomModesModel : public ospra::ModelList { // in full, as qmllint finds the base only so
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(int count READ count NOTIFY countChanged)

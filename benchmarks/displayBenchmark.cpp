@@ -61,7 +61,7 @@ void BM_Zoom(benchmark::State& state)
         benchmark::DoNotOptimize(cutHorizontalDistances(tracks, horizontal, {}, *zoom.range));
         benchmark::DoNotOptimize(cutDistanceData(tracks, between, {}, *zoom.range));
         benchmark::DoNotOptimize(visibleMapSegments(tracks, paths, {}, zoom));
-        benchmark::DoNotOptimize(visibleMapRegion(tracks, {}, zoom.range));
+        benchmark::DoNotOptimize(visibleMapRegion(tracks, paths, {}, zoom.range));
     }
 }
 BENCHMARK(BM_Zoom)->Arg(1'500)->Arg(15'000)->Unit(benchmark::kMicrosecond);

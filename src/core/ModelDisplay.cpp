@@ -26,7 +26,7 @@ void OspraModel::rebuildVisibleData()
     m_visibleDistanceDataCache = cutDistanceData(m_tracks, m_distanceData, m_hiddenTrackIDs, range);
     m_visibleMapSegments =
         ospra::visibleMapSegments(m_tracks, m_mapPaths, m_hiddenTrackIDs, {m_activeZoomMode, m_zoomRange});
-    setVisibleMapRegion(visibleMapRegion(m_tracks, m_hiddenTrackIDs, m_zoomRange));
+    setVisibleMapRegion(visibleMapRegion(m_tracks, m_mapPaths, m_hiddenTrackIDs, m_zoomRange));
     emit visibleDataChanged();
 }
 

@@ -252,7 +252,7 @@ private:
     std::vector<VisibleTrackData> m_visibleChartTracks;
     HorizontalDistances m_horizontalDistanceData;
     std::vector<VisibleHorizontalDistanceTrackData> m_visibleHorizontalDistanceTracks;
-    std::vector<std::vector<PhasePath>> m_mapPaths;
+    std::vector<TrackPaths> m_mapPaths;
     std::vector<VisibleMapSegment> m_visibleMapSegments;
     std::vector<CompanionDistanceData> m_visibleDistanceDataCache;
     int m_jumpGroupsRevision = 0;

@@ -28,8 +28,8 @@ struct LoadResult {
     std::vector<SeriesData> chartData{};
     HorizontalDistances horizontalDistanceData{};
     std::vector<CompanionDistanceData> distanceData{};
-    std::vector<std::vector<PhasePath>> mapPaths{}; ///< one for each phase of each track
-    std::string errorMessage{};                     ///< the user's text; empty unless the load failed
+    std::vector<TrackPaths> mapPaths{}; ///< of `tracks`
+    std::string errorMessage{};         ///< the user's text; empty unless the load failed
 };
 
 /// Reads, parses and analyses the logs, sets them on the time axis whose zero is the first sample of the first track,

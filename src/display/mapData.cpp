@@ -96,6 +96,22 @@ Coordinate endOfJumpRun(Coordinate from, double towards)
     return {.latitude = latitude * 180.0 / std::numbers::pi, .longitude = longitude * 180.0 / std::numbers::pi};
 }
 
+const TrackPaths& pathsOf(const JumpTrack& track, std::span<const JumpTrack> tracks, std::span<const TrackPaths> paths)
+{
+    return paths[static_cast<std::size_t>(&track - tracks.data())];
+}
+
+/// The indices among which all samples of the range are, the second behind the last.
+std::pair<std::size_t, std::size_t> samplesToSearch(const JumpTrack& track, bool timeAscends, TimeRange range)
+{
+    if (!timeAscends)
+        return {0, track.elapsed.size()};
+    const auto first = std::ranges::lower_bound(track.elapsed, range.lo);
+    const auto end = std::ranges::upper_bound(first, track.elapsed.end(), range.hi);
+    return {static_cast<std::size_t>(first - track.elapsed.begin()),
+            static_cast<std::size_t>(end - track.elapsed.begin())};
+}
+
 bool samePlaces(const PhasePath& a, const PhasePath& b)
 {
     return a == b || (a && b && *a == *b);
@@ -124,23 +140,25 @@ double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zo
     return overlap / duration >= leastFocusedShare ? 1.0 : unfocused;
 }
 
-std::vector<std::vector<PhasePath>> buildMapPaths(std::span<const JumpTrack> tracks)
+std::vector<TrackPaths> buildMapPaths(std::span<const JumpTrack> tracks)
 {
-    std::vector<std::vector<PhasePath>> paths(tracks.size());
-    for (std::size_t i = 0; i < tracks.size(); ++i)
-        for (const JumpPhaseRange& phase : tracks[i].phases)
-            paths[i].push_back(pathOf(tracks[i], phase));
+    std::vector<TrackPaths> paths;
+    for (const JumpTrack& track : tracks) {
+        TrackPaths& kept = paths.emplace_back();
+        kept.timeAscends = std::ranges::is_sorted(track.elapsed);
+        for (const JumpPhaseRange& phase : track.phases)
+            kept.phases.push_back(pathOf(track, phase));
+    }
     return paths;
 }
 
-std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks,
-                                                  std::span<const std::vector<PhasePath>> paths, const TrackIDs& hidden,
-                                                  const Zoom& zoom)
+std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks, std::span<const TrackPaths> paths,
+                                                  const TrackIDs& hidden, const Zoom& zoom)
 {
     std::vector<VisibleMapSegment> segments;
     const std::vector<const JumpTrack*> visible = visibleTracks(tracks, hidden);
     for (const JumpTrack* track : visible) {
-        const std::vector<PhasePath>& trackPaths = paths[static_cast<std::size_t>(track - tracks.data())];
+        const std::vector<PhasePath>& trackPaths = pathsOf(*track, tracks, paths).phases;
         for (std::size_t i = 0; i < trackPaths.size(); ++i) {
             if (trackPaths[i]->size() < 2)
                 continue;
@@ -156,8 +174,8 @@ std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tra
     return segments;
 }
 
-std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks, const TrackIDs& hidden,
-                                          const std::optional<TimeRange>& range)
+std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks, std::span<const TrackPaths> paths,
+                                          const TrackIDs& hidden, const std::optional<TimeRange>& range)
 {
     if (!range)
         return std::nullopt;
@@ -165,7 +183,8 @@ std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks, con
     Extent latitudes;
     Extent longitudes;
     for (const JumpTrack* track : visibleTracks(tracks, hidden)) {
-        for (std::size_t i = 0; i < track->elapsed.size(); ++i) {
+        const auto [first, end] = samplesToSearch(*track, pathsOf(*track, tracks, paths).timeAscends, *range);
+        for (std::size_t i = first; i < end; ++i) {
             if (!(range->lo <= track->elapsed[i] && track->elapsed[i] <= range->hi))
                 continue;
             latitudes.add(track->file.dataPoints[i].coordinate.latitude);

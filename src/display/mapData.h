@@ -17,6 +17,12 @@ namespace ospra {
 /// Every sample of a phase, in order. Shared, as a zoom changes the opacity of a path and never its places.
 using PhasePath = std::shared_ptr<const std::vector<Coordinate>>;
 
+/// What the map keeps of a track from its load on.
+struct TrackPaths {
+    std::vector<PhasePath> phases{}; ///< one for each phase of the track
+    bool timeAscends = false;        ///< whether the log's clock never stepped back, so that a time can be searched for
+};
+
 /// The path of one phase of one track.
 struct VisibleMapSegment {
     std::string id{}; ///< the track's UUID, the phase's name, first and last index, with dashes; stable across zooms
@@ -51,19 +57,21 @@ struct JumpRunLine {
 /// a range drawn by hand covers at least a quarter of it; everything is without a zoom.
 [[nodiscard]] double focusFactor(const JumpTrack& track, const JumpPhaseRange& phase, const Zoom& zoom);
 
-/// The paths of all tracks, one for each of their phases. Computed once per load.
-[[nodiscard]] std::vector<std::vector<PhasePath>> buildMapPaths(std::span<const JumpTrack> tracks);
+/// The paths of all tracks, in their order. Computed once per load.
+[[nodiscard]] std::vector<TrackPaths> buildMapPaths(std::span<const JumpTrack> tracks);
 
 /// The paths of the tracks that are not hidden, in order, each whole: a zoom only dims what lies outside.
 /// @param paths of `tracks`, element by element
 [[nodiscard]] std::vector<VisibleMapSegment> visibleMapSegments(std::span<const JumpTrack> tracks,
-                                                                std::span<const std::vector<PhasePath>> paths,
+                                                                std::span<const TrackPaths> paths,
                                                                 const TrackIDs& hidden, const Zoom& zoom);
 
 /// The region that holds all samples of the visible tracks within the range, with some room around. NaN and infinite
 /// coordinates are left out, each axis by itself. The antimeridian is not looked at: longitudes are plain numbers.
+/// @param paths of `tracks`, element by element
 /// @return absent without a range and where it holds no sample
-[[nodiscard]] std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks, const TrackIDs& hidden,
+[[nodiscard]] std::optional<MapRegion> visibleMapRegion(std::span<const JumpTrack> tracks,
+                                                        std::span<const TrackPaths> paths, const TrackIDs& hidden,
                                                         const std::optional<TimeRange>& range);
 
 /// The line through the place of the exit in the direction of the aircraft's last ten samples, from the first track

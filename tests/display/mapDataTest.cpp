@@ -100,11 +100,18 @@ TEST(VisibleMapSegments, dimWhatTheZoomLeavesOut)
     EXPECT_EQ(opacities(backwards, {.range = TimeRange{12.0, 14.0}}), (Values{0.4, 1.0, 0.9, 0.7, 0.3}));
 }
 
+std::optional<MapRegion> regionOf(const JumpTrack& track, const std::optional<TimeRange>& range,
+                                  const TrackIDs& hidden = {})
+{
+    const std::vector<JumpTrack> tracks{track};
+    return visibleMapRegion(tracks, buildMapPaths(tracks), hidden, range);
+}
+
 TEST(VisibleMapRegion, framesTheSamplesInRange)
 {
     JumpTrack track = shortJump();
     track.file.dataPoints[2].coordinate.longitude = 10.0;
-    const auto region = [&](TimeRange range) { return visibleMapRegion({&track, 1}, {}, range); };
+    const auto region = [&](TimeRange range) { return regionOf(track, range); };
 
     const MapRegion framed = region({10.0, 20.0}).value();
     EXPECT_EQ(framed.center, (Coordinate{48.5, 9.0}));
@@ -112,8 +119,15 @@ TEST(VisibleMapRegion, framesTheSamplesInRange)
     EXPECT_DOUBLE_EQ(framed.longitudeDelta, 2.6);
     EXPECT_EQ(region({50.0, 60.0}), (MapRegion{{52.0, 8.0}, 0.002, 0.002}));
     EXPECT_EQ(region({51.0, 60.0}), std::nullopt);
-    EXPECT_EQ(visibleMapRegion({&track, 1}, {}, std::nullopt), std::nullopt);
-    EXPECT_EQ(visibleMapRegion({&track, 1}, {track.id}, TimeRange{0.0, 60.0}), std::nullopt);
+    EXPECT_EQ(regionOf(track, std::nullopt), std::nullopt);
+    EXPECT_EQ(regionOf(track, TimeRange{0.0, 60.0}, {track.id}), std::nullopt);
+
+    // A clock that stepped back: the samples of a time are apart.
+    JumpTrack backwards = track;
+    backwards.elapsed = {0, 10, 20, 5, 15, 25};
+    const MapRegion apart = regionOf(backwards, TimeRange{5.0, 10.0}).value();
+    EXPECT_EQ(apart.center, (Coordinate{49.0, 8.0}));
+    EXPECT_DOUBLE_EQ(apart.latitudeDelta, 2.6);
 
     track.file.dataPoints[3].coordinate = {.latitude = NAN, .longitude = INFINITY};
     EXPECT_EQ(region({20.0, 30.0}), (MapRegion{{49.0, 10.0}, 0.002, 0.002}));

@@ -181,7 +181,8 @@ TEST(MapRegionOfAnyTracks, holdsWhatTheRangeShows)
                 longitudes.push_back(track->file.dataPoints[i].coordinate.longitude);
             }
         }
-        const std::optional<MapRegion> region = visibleMapRegion(scene.tracks, scene.hidden, range);
+        const std::optional<MapRegion> region =
+            visibleMapRegion(scene.tracks, buildMapPaths(scene.tracks), scene.hidden, range);
         ASSERT_EQ(region.has_value(), !latitudes.empty());
         if (!region) {
             ++empty;

@@ -3,6 +3,7 @@
 #include "core/text.h"
 #include "workspace/flightPaths.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -57,6 +58,8 @@ void FlightMapModel::setPalette(const QList<QColor>& colors)
     m_palette = colors;
     emit paletteChanged();
     updateContent();
+    if (!m_markers.empty())
+        emit dataChanged(index(0), index(rowCount() - 1), {ColorRole});
 }
 
 std::uint32_t FlightMapModel::rgb(Color color) const
@@ -99,15 +102,20 @@ void FlightMapModel::updatePlaces()
 
 void FlightMapModel::updateMarkers()
 {
-    beginResetModel();
-    m_markers.clear();
+    std::vector<Marker> markers;
     if (m_source) {
         for (const JumpTrack* const track : m_source->visibleTracks()) {
-            const QString name = m_markers.empty() ? QStringLiteral("Me") : toQString(track->jumperName);
-            m_markers.push_back({.name = name, .color = track->jumperColor});
+            const QString name = markers.empty() ? QStringLiteral("Me") : toQString(track->jumperName);
+            markers.push_back({.name = name, .color = track->jumperColor});
         }
     }
-    endResetModel();
+    // A zoom leaves the jumpers as they are, and their markers need not be made anew.
+    const auto looksAlike = [](const Marker& a, const Marker& b) { return a.name == b.name && a.color == b.color; };
+    if (!std::ranges::equal(markers, m_markers, looksAlike)) {
+        beginResetModel();
+        m_markers = std::move(markers);
+        endResetModel();
+    }
     updateHover();
 }
 

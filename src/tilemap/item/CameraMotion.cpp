@@ -8,7 +8,7 @@ namespace {
 
 constexpr double slideTime = 0.325;      // s in which a slide loses all but 1/e of its speed
 constexpr double leastSlide = 40.0;      // px/s; below, nothing is seen to move
-constexpr double greatestSlide = 4000.0; // px/s
+constexpr double greatestSlide = 1500.0; // px/s; a quick flick keeps what was in view within reach
 constexpr double zoomTime = 0.06;        // s in which the zoom comes all but 1/e of the way
 constexpr double zoomIsThere = 0.002;    // levels
 

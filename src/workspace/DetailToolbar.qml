@@ -18,6 +18,7 @@ Item {
     readonly property real atTheEdge: root.width - group.width - Theme.padding
 
     implicitHeight: Theme.toolbarHeight
+    clip: true // in a window too narrow for the group its first items go, and not over the sidebar
 
     Label {
         id: heading

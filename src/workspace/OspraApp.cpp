@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QOpenGLContext>
 #include <QQuickStyle>
 #include <QScreen>
 #include <QtQml/QQmlExtensionPlugin>
@@ -42,6 +43,16 @@ void refineFont()
     QFont font = QGuiApplication::font();
     font.setHintingPreference(QFont::PreferVerticalHinting);
     QGuiApplication::setFont(font);
+}
+
+/// Without OpenGL the scene graph would end the program; its own renderer needs none.
+void drawInSoftwareWhereThereIsNoOpenGL()
+{
+    if (!qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND") || !qEnvironmentVariableIsEmpty("QSG_RHI_BACKEND"))
+        return;
+    QOpenGLContext context;
+    if (!context.create())
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
 /// Makes the window smaller than it wants to be where the screen has less room, frame and title bar included.
@@ -96,6 +107,7 @@ OspraApp::~OspraApp()
 
 bool OspraApp::openWindow()
 {
+    drawInSoftwareWhereThereIsNoOpenGL();
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     QVariantMap properties{{QStringLiteral("source"), QVariant::fromValue(m_model.get())},

@@ -1,8 +1,8 @@
 #include "overview/views/HeatmapItem.h"
 
+#include "core/text.h"
 #include "overview/heatmapScale.h"
 #include "overview/overviewTexts.h"
-#include "core/text.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>

@@ -1,10 +1,10 @@
 #include "overview/views/OverviewState.h"
 
+#include "core/text.h"
 #include "overview/OverviewMode.h"
 #include "overview/OverviewTimeRange.h"
 #include "overview/jumpLists.h"
 #include "overview/overviewTexts.h"
-#include "core/text.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 
 /// Makes the tooltip of its parent when it is first wanted.
@@ -9,12 +8,9 @@ Loader {
     required property bool isShown
 
     anchors.fill: root.parent
-    active: false
 
-    onIsShownChanged: if (root.isShown && root.text !== "") root.active = true
-
-    sourceComponent: ToolTip {
-        text: root.text
-        visible: root.isShown && root.text !== ""
+    onIsShownChanged: {
+        if (root.isShown && root.text !== "" && root.status === Loader.Null)
+            root.setSource("LoadedToolTip.qml", { owner: root });
     }
 }

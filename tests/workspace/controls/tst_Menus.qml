@@ -149,6 +149,12 @@ Item {
             tryVerify(() => button.implicitWidth < width - 30);
             compare(button.toolTip, "Data Series");
             compare(button.Accessible.name, "Data Series");
+            const loader = [...button.children].find(child => child.isShown !== undefined);
+            mouseMove(button, 5, 5);
+            tryVerify(() => loader.item !== null && loader.item.visible);
+            compare(loader.item.text, "Data Series");
+            mouseMove(button, -20, -20);
+            tryCompare(loader.item, "visible", false);
         }
     }
 }

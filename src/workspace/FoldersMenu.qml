@@ -60,7 +60,11 @@ MenuButton {
 
                 icon.name: "person-minus"
                 text: "Remove " + name
-                onTriggered: root.companions.remove(index)
+                // Takes this entry along, so that the menu would not close by itself.
+                onTriggered: {
+                    menu.dismiss();
+                    root.companions.remove(index);
+                }
             }
             onObjectAdded: (index, object) => menu.addItem(object as MenuItem)
             onObjectRemoved: (index, object) => menu.removeItem(object as MenuItem)

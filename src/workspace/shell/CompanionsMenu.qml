@@ -32,7 +32,11 @@ Menu {
             required property string name
 
             text: "Remove " + name
-            onTriggered: root.companions.remove(index)
+            // Takes this entry along, so that the menu would not close by itself.
+            onTriggered: {
+                root.dismiss();
+                root.companions.remove(index);
+            }
         }
         onObjectAdded: (index, object) => root.addItem(object as MenuItem)
         onObjectRemoved: (index, object) => root.removeItem(object as MenuItem)

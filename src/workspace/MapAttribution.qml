@@ -28,6 +28,7 @@ Rectangle {
         wrapMode: Text.WordWrap
         horizontalAlignment: Text.AlignRight
         color: Theme.mapText
+        Accessible.name: root.text.replace(/<[^>]*>/g, "")
         onLinkActivated: link => Qt.openUrlExternally(link)
 
         HoverHandler {

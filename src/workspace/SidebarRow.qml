@@ -5,7 +5,7 @@ import Ospra.Theme
 import Ospra.Workspace
 
 /// One row of the sidebar, of whatever kind.
-T.AbstractButton {
+T.ItemDelegate {
     id: root
 
     required property int index
@@ -23,9 +23,10 @@ T.AbstractButton {
     focusPolicy: Qt.NoFocus
     hoverEnabled: true
 
-    Accessible.role: root.isHeading ? Accessible.Heading : Accessible.ListItem
+    Accessible.ignored: root.isHeading
+    Accessible.role: Accessible.ListItem
     Accessible.name: root.age === "" ? root.title : root.title + ", " + root.name + ", " + root.age
-    Accessible.selectable: !root.isHeading
+    Accessible.selectable: true
     Accessible.selected: root.isSelected
     Accessible.onPressAction: root.clicked()
 
@@ -72,6 +73,6 @@ T.AbstractButton {
         font.weight: Font.DemiBold
         color: Theme.textSecondary
         elide: Text.ElideRight
-        Accessible.ignored: true
+        Accessible.role: Accessible.Heading
     }
 }

@@ -4,7 +4,7 @@ import Ospra.Controls
 import Ospra.Theme
 
 /// The name of a track in its bar: a click hides the track or shows it again.
-T.AbstractButton {
+T.CheckBox {
     id: root
 
     required property string name
@@ -12,6 +12,7 @@ T.AbstractButton {
     required property bool isHidden
     required property string toolTip
 
+    checkable: false // by the toolkit
     implicitHeight: Theme.barRowHeight - Theme.space4
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -19,11 +20,14 @@ T.AbstractButton {
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.name
     Accessible.description: root.toolTip
-    Accessible.checkable: true
-    Accessible.checked: !root.isHidden
     Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
+
+    CheckedState {
+        button: root
+        isOn: !root.isHidden
+    }
 
     Rectangle {
         x: -Theme.space4

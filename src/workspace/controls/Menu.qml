@@ -33,7 +33,7 @@ T.Menu {
         boundsBehavior: Flickable.StopAtBounds
         clip: interactive
         Accessible.role: Accessible.PopupMenu
-        Accessible.name: root.title
+        Accessible.name: root.title.replace("&", "")
     }
 
     background: MenuGround { }

@@ -16,9 +16,8 @@ T.MenuBarItem {
     rightPadding: root.iconName === "" ? 9 : 6
     hoverEnabled: true
 
-    Accessible.role: Accessible.MenuItem
-    Accessible.name: root.plainText
-    Accessible.onPressAction: root.clicked()
+    // The toolkit would call it a menu bar.
+    Accessible.ignored: true
 
     contentItem: ButtonFace {
         iconName: root.iconName
@@ -27,6 +26,9 @@ T.MenuBarItem {
         iconColor: Theme.textSecondary
         iconSize: Theme.iconToolbar
         weight: Font.Normal
+        Accessible.role: Accessible.MenuItem
+        Accessible.name: root.plainText
+        Accessible.onPressAction: root.clicked()
     }
 
     background: Rectangle {

@@ -27,9 +27,13 @@ T.MenuItem {
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.plainText
-    Accessible.checkable: root.hasCheck
-    Accessible.checked: root.isOn
     Accessible.onPressAction: root.press()
+
+    CheckedState {
+        button: root
+        isCheckable: root.hasCheck
+        isOn: root.isOn
+    }
 
     contentItem: MenuRow {
         iconName: root.hasCheck ? root.isOn ? "check" : "" : root.icon.name

@@ -4,11 +4,12 @@ import Ospra.Theme
 
 /// One of several choices below each other. It does not change itself: `isChosen` is bound to the state, and `clicked`
 /// asks for the change.
-T.AbstractButton {
+T.RadioButton {
     id: root
 
     required property bool isChosen
 
+    checkable: false // by the toolkit
     implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
     implicitHeight: Theme.scaled(28)
     leftPadding: Theme.scaled(23)
@@ -17,11 +18,14 @@ T.AbstractButton {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.text
-    Accessible.checkable: true
-    Accessible.checked: root.isChosen
     Accessible.onPressAction: root.clicked()
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
+
+    CheckedState {
+        button: root
+        isOn: root.isChosen
+    }
 
     contentItem: Label {
         text: root.text

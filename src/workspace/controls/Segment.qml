@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Ospra.Theme
 
 /// One option of a segmented control.
-T.AbstractButton {
+T.RadioButton {
     id: root
 
     required property int index
@@ -11,6 +11,7 @@ T.AbstractButton {
     required property bool isChosen
 
     text: root.modelData
+    checkable: false // by the toolkit
     implicitWidth: Math.max(Theme.segmentMinimum, root.implicitContentWidth + 2 * Theme.space14)
     implicitHeight: Theme.segmentHeight
     focusPolicy: Qt.NoFocus
@@ -18,9 +19,12 @@ T.AbstractButton {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.text
-    Accessible.checkable: true
-    Accessible.checked: root.isChosen
     Accessible.onPressAction: root.clicked()
+
+    CheckedState {
+        button: root
+        isOn: root.isChosen
+    }
 
     contentItem: ButtonFace {
         iconName: ""

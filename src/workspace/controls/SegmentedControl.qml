@@ -4,7 +4,7 @@ import Ospra.Theme
 
 /// One choice out of a few, side by side. It does not change itself: `currentIndex` is bound to the state, and
 /// `activated` asks for another.
-T.Control {
+T.Pane {
     id: root
 
     property string label: ""
@@ -26,7 +26,7 @@ T.Control {
     opacity: root.enabled ? 1 : 0.38
     focusPolicy: Qt.StrongFocus
 
-    Accessible.role: Accessible.PageTabList
+    Accessible.role: Accessible.Pane
     Accessible.name: root.label
     Keys.onLeftPressed: root.move(-1)
     Keys.onRightPressed: root.move(1)

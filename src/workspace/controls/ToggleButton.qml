@@ -13,6 +13,8 @@ Button {
     groundColor: root.isOn ? Theme.onTint : Theme.control
     edgeColor: root.isOn ? Theme.onEdge : Theme.controlEdge
 
-    Accessible.checkable: true
-    Accessible.checked: root.isOn
+    CheckedState {
+        button: root
+        isOn: root.isOn
+    }
 }

@@ -1,0 +1,81 @@
+"""The running program."""
+
+import os
+import signal
+import subprocess
+import tempfile
+
+from driver import nodes
+from driver.waiting import PATIENCE, StoryFailed, expect_equal, wait_for
+
+BIN = os.environ["OSPRA_BIN"]
+
+
+class Program:
+    """The program from its start to its end. Used with `with`, it is gone afterwards whatever happens."""
+
+    def __init__(self, *arguments, tracer=()):
+        self._complaints = tempfile.TemporaryFile("w+", encoding="utf-8")
+        self._process = subprocess.Popen([*tracer, f"{BIN}/ospra", *arguments], stderr=self._complaints)
+        self._is_traced = bool(tracer)
+        self.root = None
+
+    def __enter__(self):
+        try:
+            self.root = nodes.application(self._program_id())
+            self.window = self.root.await_node("frame", "Ospra")
+        except BaseException:
+            self._kill()
+            raise
+        return self
+
+    def __exit__(self, kind, error, trace):
+        if error is not None and self.root is not None and self.is_running():
+            leave_traces(self.root)
+        self._kill()
+
+    def _program_id(self):
+        """Of the program itself, where a tracer has started it."""
+        if not self._is_traced:
+            return self._process.pid
+        children = f"/proc/{self._process.pid}/task/{self._process.pid}/children"
+
+        def child():
+            with open(children, encoding="ascii") as file:
+                return file.read().split()
+
+        return int(wait_for(child, "the traced program")[0])
+
+    def _kill(self):
+        if self.is_running():
+            self._process.kill()
+        self._process.wait()
+
+    def is_running(self):
+        return self._process.poll() is None
+
+    def terminate(self):
+        self._process.send_signal(signal.SIGTERM)
+
+    def expect_end(self):
+        """It ends by itself, with the code of success and without a word of complaint."""
+        try:
+            self._process.wait(PATIENCE)
+        except subprocess.TimeoutExpired as error:
+            raise StoryFailed("the program does not end") from error
+        expect_equal(self._process.returncode, 0, "exit code")
+        self._complaints.seek(0)
+        expect_equal(self._complaints.read(), "", "complaints")
+
+
+def leave_traces(root):
+    """Leaves what there is to see for whoever looks into the failure."""
+    from driver import screen
+    folder = os.environ["OSPRA_PICTURES"]
+    os.makedirs(folder, exist_ok=True)
+    import __main__
+    name = os.path.splitext(os.path.basename(__main__.__file__))[0]
+    screen.save(f"{folder}/{name}.png")
+    with open(f"{folder}/{name}.txt", "w", encoding="utf-8") as file:
+        file.write(root.tree() + "\n")
+    print(f"see {folder}/{name}.png and {name}.txt")

@@ -1,0 +1,72 @@
+"""Pointer, keys and pictures of the screen."""
+
+import subprocess
+
+
+def _xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def move(x, y):
+    _xdotool("mousemove", "--sync", x, y)
+
+
+def hover(x, y):
+    """Moves the pointer there with a last small step, as a hand does."""
+    _xdotool("mousemove", x - 3, y, "mousemove", x, y)
+
+
+def click(x, y):
+    _xdotool("mousemove", x, y, "click", 1)
+
+
+def key(*names):
+    """Presses keys one after the other, for instance "Down" or "ctrl+shift+a"."""
+    _xdotool("key", *names)
+
+
+def type_text(text):
+    _xdotool("type", "--delay", 2, text)
+
+
+def drag(start, end, steps=8):
+    """Presses the button at one point and releases it at another, with moves on the way."""
+    moves = []
+    for step in range(1, steps + 1):
+        x = start[0] + (end[0] - start[0]) * step // steps
+        y = start[1] + (end[1] - start[1]) * step // steps
+        moves += ["mousemove", x, y]
+    _xdotool("mousemove", *start, "mousedown", 1, *moves, "mouseup", 1)
+
+
+class Picture:
+    """A part of the screen as colours."""
+
+    def __init__(self, box):
+        self.left, self.top, self.width, self.height = box
+        crop = f"{self.width}x{self.height}+{self.left}+{self.top}"
+        command = ["import", "-silent", "-window", "root", "-crop", crop, "-depth", "8", "rgb:-"]
+        self._bytes = subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout
+
+    def colors(self):
+        """Each point as red, green and blue, row by row."""
+        values = self._bytes
+        return list(zip(values[0::3], values[1::3], values[2::3]))
+
+    def count_near(self, color, tolerance):
+        """How many points differ from a colour by no more than so much in any part."""
+        return sum(1 for point in self.colors()
+                   if all(abs(part - wanted) <= tolerance for part, wanted in zip(point, color)))
+
+    def changed_box(self, other):
+        """Left, top, right and bottom on the screen, the last two not included, of all points that differ; or None."""
+        differing = [index for index, (one, two) in enumerate(zip(self.colors(), other.colors())) if one != two]
+        if not differing:
+            return None
+        columns = [index % self.width for index in differing]
+        rows = [index // self.width for index in differing]
+        return (self.left + min(columns), self.top + min(rows), self.left + max(columns) + 1, self.top + max(rows) + 1)
+
+
+def save(path):
+    subprocess.run(["import", "-silent", "-window", "root", path], check=False)

@@ -1,6 +1,7 @@
 #include "workspace/OspraApp.h"
 
 #include "platform/DateTexts.h"
+#include "workspace/shell/mapCredits.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -94,6 +95,8 @@ OspraApp::OspraApp()
       m_units(m_services.settings, m_services.localeIsMetric, *m_model)
 {
     QObject::connect(&m_terminationSignals, &TerminationSignals::received, &QCoreApplication::quit);
+    // The list of sources is read in the background, and there before the window or after it.
+    QObject::connect(&m_imagery, &MapImagery::storeChanged, &m_imagery, [this] { passMapCredits(); });
     refineFont();
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/qt/qml/Ospra/Theme/icons/ospra.svg")));
 }
@@ -116,9 +119,18 @@ bool OspraApp::openWindow()
     fitToScreen(properties);
     m_engine->setInitialProperties(properties);
     m_engine->load(QUrl(QStringLiteral("qrc:/qt/qml/Ospra/Workspace/MainWindow.qml")));
+    passMapCredits();
     if (m_updates)
         m_updates->start();
     return window() != nullptr;
+}
+
+/// Tells the window whose maps there are, for its about window.
+void OspraApp::passMapCredits()
+{
+    const TileStore* const store = m_imagery.store();
+    if (store && m_engine && window())
+        window()->setProperty("mapCredits", QVariant::fromValue(mapCredits(store->sources())));
 }
 
 QQuickWindow* OspraApp::window() const

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] QQuickWindow* window() const;
 
 private:
+    void passMapCredits();
+
     ModelServices m_services;
     std::unique_ptr<OspraModel> m_model;
     std::unique_ptr<CheckForUpdatesViewModel> m_updates; ///< null where no feed was built in

@@ -1,5 +1,6 @@
 #include "tests/workspace/shell/ShellTestBed.h"
 #include "workspace/shell/TerminationSignals.h"
+#include "workspace/shell/mapCredits.h"
 #include "workspace/theme/desktop/Appearance.h"
 
 #include <QSignalSpy>
@@ -10,6 +11,21 @@
 namespace ospra {
 namespace {
 
+/// The words of all labels below an item that are to be seen.
+QStringList textsIn(const QQuickItem& item)
+{
+    QStringList texts;
+    const QList<QQuickItem*> children = item.childItems();
+    for (const QQuickItem* child : children) {
+        if (!child->isVisible())
+            continue;
+        if (child->inherits("QQuickText"))
+            texts.append(child->property("text").toString());
+        texts.append(textsIn(*child));
+    }
+    return texts;
+}
+
 class ShellWindows : public ShellTestBed {
 protected:
     void openSettings()
@@ -18,6 +34,14 @@ protected:
         settings = windowTitled(QStringLiteral("Settings"));
         ASSERT_TRUE(settings);
         ASSERT_TRUE(QTest::qWaitForWindowActive(settings));
+    }
+
+    void openAbout()
+    {
+        QQuickItem* entry = nullptr;
+        QMetaObject::invokeMethod(menu(0), "itemAt", Q_RETURN_ARG(QQuickItem*, entry), Q_ARG(int, 0));
+        QMetaObject::invokeMethod(entry, "press");
+        ASSERT_TRUE(windowTitled(QStringLiteral("About Ospra")));
     }
 
     QQuickWindow* settings = nullptr;
@@ -94,9 +118,7 @@ TEST_F(ShellWindows, openWindowsFollowTheDesktop)
 TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)
 {
     openWindow();
-    QQuickItem* entry = nullptr;
-    QMetaObject::invokeMethod(menu(0), "itemAt", Q_RETURN_ARG(QQuickItem*, entry), Q_ARG(int, 0));
-    QMetaObject::invokeMethod(entry, "press");
+    openAbout();
     QQuickWindow* const about = windowTitled(QStringLiteral("About Ospra"));
     ASSERT_TRUE(about);
     ASSERT_TRUE(QTest::qWaitForWindowActive(about));
@@ -111,6 +133,22 @@ TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)
     const QString licence = words->property("text").toString();
     EXPECT_TRUE(licence.startsWith(QStringLiteral("MIT License"))) << licence.toStdString();
     EXPECT_TRUE(licence.contains(QStringLiteral("WITHOUT WARRANTY OF ANY KIND")));
+}
+
+TEST_F(ShellWindows, aboutNamesEveryGiverOfMapsOnce)
+{
+    openWindow();
+    const std::vector<MapSource> sources{{.id = "a", .attribution = "© Höhe & Co"},
+                                         {.id = "b"},
+                                         {.id = "c", .attribution = "Tiles by <C>"},
+                                         {.id = "d", .attribution = "© Höhe & Co"}};
+    // As the running program does once it has read them.
+    ASSERT_TRUE(window->setProperty("mapCredits", QVariant::fromValue(mapCredits(sources))));
+    openAbout();
+    const QStringList shown = textsIn(*windowTitled(QStringLiteral("About Ospra"))->contentItem());
+    EXPECT_EQ(shown.count(QStringLiteral("© Höhe & Co")), 1);
+    EXPECT_EQ(shown.count(QStringLiteral("Tiles by <C>")), 1);
+    EXPECT_FALSE(shown.contains(QString())); // of the source that asks for no words
 }
 
 TEST(TerminationSignals, arriveOnTheMainThread)

@@ -1,5 +1,6 @@
 #include "platform/FolderAccess.h"
 #include "platform/SettingsStore.h"
+#include "tools/take-screenshots/MapForSamples.h"
 #include "tools/take-screenshots/Session.h"
 #include "workspace/theme/desktop/Appearance.h"
 
@@ -9,15 +10,22 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace {
 
-constexpr const char* usage = "usage: take-screenshots FOLDER SAMPLES\n"
-                              "  writes a picture of each screen, light and dark, at scale 1 and 2, of the program as\n"
-                              "  it shows the sample jumps that make-sample-jumps has put into SAMPLES\n";
+constexpr const char* usage =
+    "usage: take-screenshots FOLDER SAMPLES\n"
+    "  writes a picture of each screen, light and dark, of the main ones at scale 2 and in a\n"
+    "  small window too, of the program as it shows the sample jumps that\n"
+    "  make-sample-jumps has put into SAMPLES, over a map that is painted for them\n";
+
+constexpr std::array choices{"all", "main", "bare-maps"}; // the words for the values of Choice, in their order
 
 /// One run of the program, in a process of its own, as the scale factor holds for a whole process.
+/// Arguments: --pictures FOLDER APPEARANCE SUFFIX CHOICE FEED
 int runSession(int argc, char** argv)
 {
     ospra::prepareApplication();
@@ -30,7 +38,11 @@ int runSession(int argc, char** argv)
     }
     const bool isDark = arguments[3] == QStringLiteral("dark");
     ospra::Appearance::instance()->setOverrides({{QStringLiteral("isDark"), isDark}});
-    ospra::Session session(arguments[2], QStringLiteral("-") + arguments[3] + arguments[4]);
+    const auto choice = std::ranges::find(choices, arguments[5]) - choices.begin();
+    ospra::Session session({.folder = arguments[2],
+                            .suffix = QStringLiteral("-") + arguments[3] + arguments[4],
+                            .choice = static_cast<ospra::Choice>(choice),
+                            .feed = QUrl(arguments[6])});
     return session.run() ? 0 : 1;
 }
 
@@ -53,19 +65,39 @@ void rememberSamples(const QString& settingsFile, const QDir& samples)
     settings->setBoolean("useMetric", true);
 }
 
-bool startSession(const QString& folder, const QString& samples, const QString& appearance, int scale)
+struct Run {
+    const char* appearance;
+    int scale;
+    ospra::Choice choice;
+};
+
+constexpr std::array runs{Run{"dark", 1, ospra::Choice::all},      Run{"light", 1, ospra::Choice::all},
+                          Run{"dark", 2, ospra::Choice::main},     Run{"light", 2, ospra::Choice::main},
+                          Run{"dark", 1, ospra::Choice::bareMaps}, Run{"light", 1, ospra::Choice::bareMaps}};
+
+/// Starts a session with settings, map sources and a cache of its own.
+bool startSession(const Run& run, const QString& folder, const QString& samples, const ospra::MapForSamples& map)
 {
     const QTemporaryDir home;
-    QDir(home.path()).mkpath(QStringLiteral("Ospra"));
-    rememberSamples(home.filePath(QStringLiteral("Ospra/Ospra.conf")), QDir(samples));
+    const QString data = home.filePath(QStringLiteral("data"));
+    const bool hasImagery = run.choice != ospra::Choice::bareMaps;
+    QDir(home.path()).mkpath(QStringLiteral("config/Ospra"));
+    rememberSamples(home.filePath(QStringLiteral("config/Ospra/Ospra.conf")), QDir(samples));
+    if (hasImagery ? !map.writeSources(data) : !ospra::MapForSamples::writeNoSources(data))
+        return false;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.path());
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), data);
+    environment.insert(QStringLiteral("XDG_CACHE_HOME"), home.filePath(QStringLiteral("cache")));
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(run.scale));
+    const QString suffix = QLatin1String(run.scale == 1 ? "" : "@2x") + QLatin1String(hasImagery ? "" : "-bare");
+    const auto choice = static_cast<std::size_t>(run.choice);
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedChannels);
     process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--appearance"), folder, appearance, scale == 1 ? QString() : QStringLiteral("@2x")});
+                  {QStringLiteral("--pictures"), folder, QString::fromLatin1(run.appearance), suffix,
+                   QString::fromLatin1(choices.at(choice)), map.feed()});
     return process.waitForFinished(-1) && process.exitCode() == 0;
 }
 
@@ -74,7 +106,7 @@ bool startSession(const QString& folder, const QString& samples, const QString& 
 /// Starts the program on sample jumps and writes a picture of each screen.
 int main(int argc, char** argv)
 {
-    if (argc == 5 && QByteArray(argv[1]) == "--appearance")
+    if (argc == 7 && QByteArray(argv[1]) == "--pictures")
         return runSession(argc, argv);
     const QCoreApplication application(argc, argv);
     if (argc != 3) {
@@ -83,10 +115,9 @@ int main(int argc, char** argv)
     }
     const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
     QDir().mkpath(folder);
+    const ospra::MapForSamples map;
     bool allDone = true;
-    for (const char* appearance : {"dark", "light"})
-        for (const int scale : {1, 2})
-            allDone = startSession(folder, QString::fromLocal8Bit(argv[2]), QString::fromLatin1(appearance), scale) &&
-                      allDone;
+    for (const Run& run : runs)
+        allDone = startSession(run, folder, QString::fromLocal8Bit(argv[2]), map) && allDone;
     return allDone ? 0 : 1;
 }

@@ -68,8 +68,8 @@ Item {
 
         function test_titlesShowNoMnemonicsAndTheIconItsOwnWidth() {
             compare(bar.itemAt(1).plainText, "File");
-            compare(bar.itemAt(1).Accessible.name, "File");
-            compare(bar.itemAt(0).Accessible.name, "Ospra");
+            compare(bar.itemAt(1).contentItem.Accessible.name, "File");
+            compare(bar.itemAt(0).contentItem.Accessible.name, "Ospra");
             compare(bar.itemAt(0).iconName, "ospra");
         }
 

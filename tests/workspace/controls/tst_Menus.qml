@@ -149,7 +149,7 @@ Item {
             tryVerify(() => button.implicitWidth < width - 30);
             compare(button.toolTip, "Data Series");
             compare(button.Accessible.name, "Data Series");
-            const loader = [...button.children].find(child => child.isShown !== undefined);
+            const loader = Array.prototype.find.call(button.children, child => child.isShown !== undefined);
             mouseMove(button, 5, 5);
             tryVerify(() => loader.item !== null && loader.item.visible);
             compare(loader.item.text, "Data Series");

@@ -1,4 +1,5 @@
 #include "tests/support/TileServer.h"
+
 #include "tests/support/sampleVectorTile.h"
 
 #include <QCoreApplication>

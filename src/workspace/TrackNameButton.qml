@@ -4,7 +4,7 @@ import Ospra.Controls
 import Ospra.Theme
 
 /// The name of a track in its bar: a click hides the track or shows it again.
-T.CheckBox {
+T.CheckDelegate {
     id: root
 
     required property string name

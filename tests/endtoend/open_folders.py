@@ -3,7 +3,7 @@
 import os
 import re
 
-from driver import samples, screen
+from driver import samples, screen, sidebar
 from driver.program import Program
 from driver.waiting import expect, expect_equal, wait_for
 
@@ -27,22 +27,16 @@ def choose(program, menu, item):
     program.window.await_node("popup-menu").await_node("menu-item", item).click()
 
 
-def rows(program):
-    found = program.window.find("list", "Jumps")
-    return [node.name for node in found.find_all("list-item")] if found else []
-
-
 def see_welcome(program):
     program.window.await_node("label", "Welcome to Ospra")
-    expect_equal(rows(program), [], "rows of the sidebar")
+    expect_equal(sidebar.rows(program), [], "rows of the sidebar")
 
 
 def open_logbook(program, folder):
     program.window.await_node("push-button", "Open Jumps Folder...").click()
     answer_panel(program, "Select a folder containing FlySight CSV files", "Open", f"{folder}/Logbook")
-    wait_for(lambda: "Overview" in rows(program), "the overview in the list")
-    listed = sorted((row.split(", ") + [row])[-3 if ", " in row else 0] for row in rows(program)[1:])
-    expect_equal(listed, sorted(samples.logs(f"{folder}/Logbook")), "logs in the list")
+    wait_for(lambda: "Overview" in sidebar.rows(program), "the overview in the list")
+    expect_equal(sorted(sidebar.logs(program)), sorted(samples.logs(f"{folder}/Logbook")), "logs in the list")
     program.window.await_gone("label", "Welcome to Ospra")
 
 
@@ -61,13 +55,13 @@ def add_companion(program, folder):
 
 def cancel_panel(program):
     """A panel that is left without an answer changes nothing."""
-    before = rows(program)
+    before = sidebar.rows(program)
     screen.key("ctrl+o")
     title = "Select a folder containing FlySight CSV files"
     program.root.await_node("dialog", title)
     screen.key("Escape")
     program.root.await_gone("dialog", title)
-    expect_equal(rows(program), before, "rows of the sidebar")
+    expect_equal(sidebar.rows(program), before, "rows of the sidebar")
 
 
 def main():

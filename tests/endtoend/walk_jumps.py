@@ -2,24 +2,19 @@
 
 import re
 
-from driver import samples, screen
+from driver import samples, screen, sidebar
 from driver.program import Program
 from driver.waiting import expect, expect_equal, wait_for
 
 LABELS = ["Exit", "Pitch", "Saddle", "Freefall", "Canopy", "Max V.Spd", "Max H.Spd", "Avg F.Spd", "Deploy Spd"]
 
 
-def selected_row(program):
-    rows = program.window.await_node("list", "Jumps").find_all("list-item")
-    return next((row.name for row in rows if row.has("selected")), None)
-
-
 def press_for_row(program, key):
     """Presses a key and waits for another row to be selected and on screen."""
-    before = selected_row(program)
+    before = sidebar.selected(program)
     screen.key(key)
-    row = wait_for(lambda: selected_row(program) not in (None, before) and selected_row(program), "another row")
-    log = row.split(", ")[-2]
+    row = wait_for(lambda: sidebar.selected(program) not in (None, before) and sidebar.selected(program), "another row")
+    log = sidebar.log_of(row)
     program.window.await_node("label", log)
     return log
 

@@ -41,7 +41,8 @@ class Node:
         return self._accessible.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
 
     def is_shown(self):
-        return self.has("showing") and self.has("visible")
+        states = self._accessible.get_state_set()
+        return states.contains(Atspi.StateType.SHOWING) and states.contains(Atspi.StateType.VISIBLE)
 
     def text(self):
         """What stands in a field of text."""

@@ -1,0 +1,76 @@
+"""Everything on every screen has a role and a name, and so has every menu."""
+
+import re
+
+from driver import samples, screen, sidebar
+from driver.program import Program
+from driver.waiting import expect, expect_equal
+
+NAMED = {"push-button", "check-box", "radio-button", "menu-item", "check-menu-item", "list-item", "list", "label", "text",
+         "table", "chart", "heading", "dialog", "alert", "page-tab-list", "page-tab", "link"}
+
+
+def see_names(program, where):
+    nameless = []
+    count = 0
+    for node in program.root.walk():
+        if node.role in NAMED:
+            count += 1
+            if not node.name.strip() or re.search(r"[<>]|&(?! )", node.name):
+                nameless.append((node.role, node.name, node.extents))
+        expect(not (node.has("focusable") and not node.name.strip() and node.role in ("filler", "panel", "unknown")),
+               f"{where}: what takes the focus has a name: {node.role} {node.extents}")
+    expect(count > 5, f"{where}: {count} things to name")
+    expect_equal(nameless, [], f"{where}: things without a proper name")
+
+
+def see_menus(program, where):
+    titles = program.window.await_node("menu-bar").find_all("menu-item")
+    expect_equal([node.name for node in titles], ["Ospra", "File", "Edit", "Companions", "Jump"], "menus")
+    for title in titles:
+        title.click()
+        item = program.window.await_node("popup-menu", title.name).await_node("menu-item")
+        see_names(program, f"{where}, menu {title.name}")
+        screen.hover(*item.middle())  # off the title, over which the toolkit keeps the menus ready to open
+        screen.key("Escape")
+        program.window.await_gone("popup-menu")
+
+
+def see_button_menu(program, name, where):
+    program.window.await_node("push-button", name).click()
+    program.window.await_node("popup-menu", name).await_node("menu-item")
+    see_names(program, f"{where}, menu {name}")
+    screen.key("Escape")
+    program.window.await_gone("popup-menu")
+
+
+def see_screens(program):
+    program.window.await_node("list-item", "Overview")
+    see_names(program, "overview")
+    program.window.await_node("radio-button", "Stats").click()
+    program.window.await_node("list", "Monthly Stats").await_node("list-item")
+    see_names(program, "monthly numbers")
+    sidebar.open_jump(program, "10-24-16")
+    see_names(program, "jump")
+    see_menus(program, "jump")
+    see_button_menu(program, "Folders", "jump")
+    see_button_menu(program, "Data Series", "jump")
+    screen.key("ctrl+comma")
+    program.root.await_node("radio-button", "Metric")
+    see_names(program, "settings")
+    screen.key("Escape")
+    program.root.await_gone("radio-button", "Metric")
+    screen.key("ctrl+shift+w")
+    program.window.await_node("push-button", "Open Jumps Folder...")
+    see_names(program, "welcome")
+
+
+def main():
+    folder = samples.make()
+    samples.remember(f"{folder}/Logbook", *samples.companions(folder))
+    with Program() as program:
+        see_screens(program)
+
+
+if __name__ == "__main__":
+    main()

@@ -100,7 +100,11 @@ Item {
             dragThreshold: 4
             acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
             grabPermissions: PointerHandler.CanTakeOverFromAnything
-            onCentroidChanged: {
+            // The move that begins a drag is part of it: a quick one has no other.
+            onCentroidChanged: drag.report()
+            onActiveChanged: drag.active ? drag.report() : root.dragFinished()
+
+            function report() {
                 if (!drag.active)
                     return;
                 const start = root.secondsWithin(drag.centroid.pressPosition.x);
@@ -108,7 +112,6 @@ Item {
                 if (!isNaN(start) && !isNaN(end))
                     root.dragged(start, end);
             }
-            onActiveChanged: if (!drag.active) root.dragFinished()
         }
     }
 }

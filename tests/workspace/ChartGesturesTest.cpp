@@ -79,6 +79,16 @@ private:
     QPoint m_pointer;
 };
 
+TEST_F(ChartGestures, aDragOfOneMoveZooms)
+{
+    const TimeRange whole = model.displayRange();
+    QTest::mousePress(window, Qt::LeftButton, {}, pointIn(plots()[0], 0.25));
+    moveTo(pointIn(plots()[0], 0.5));
+    release();
+    ASSERT_TRUE(model.zoomRange());
+    EXPECT_NEAR((model.zoomRange()->hi - model.zoomRange()->lo) / (whole.hi - whole.lo), 0.25, 0.02);
+}
+
 TEST_F(ChartGestures, aDragGoesOnBeyondItsRowAndItsWindowAndEndsAtTheEdgeOfThePlot)
 {
     const PlotItem* const plot = plots()[0];

@@ -101,12 +101,29 @@ def paths(program):
     wait_for(lambda: colored() > 100, "the cyan path to come back")
 
 
+def drag(program, start, end):
+    """Drags until the selection stands in all rows. The last moves come again and again, as from a hand, since the
+    window system may merge those that come too fast."""
+    row = chart(program, "Vertical Speed").extents
+    inside = (start[0] + 20, row[1] + HEADER + 10, end[0] - start[0] - 40, 20)
+    before = still(inside)
+    screen.press(*start)
+
+    def is_selected():
+        for x in (end[0] - 9, end[0] - 3, end[0]):
+            screen.hover(x, end[1])
+        return screen.Picture(inside).count_near(before.colors()[0], 2) == 0
+
+    wait_for(is_selected, "the selection in the next row")
+    screen.release()
+
+
 def drag_zoom(program):
     row = chart(program)
     start, end = place(row, 0.3), place(row, 0.6)
     tenth = (start[0] + (end[0] - start[0]) // 10, start[1])
     at_start, at_tenth = read(program, *start)["Me"], read(program, *tenth)["Me"]
-    screen.drag(start, end)
+    drag(program, start, end)
     wait_for(lambda: program.window.find("push-button", "All").has("checked"), "a zoom that is of no phase")
     x, y, _, height = row.extents
     now = read(program, x + PLOT_LEFT, y + height // 2)["Me"]

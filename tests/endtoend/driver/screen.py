@@ -7,10 +7,6 @@ def _xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
 
-def move(x, y):
-    _xdotool("mousemove", "--sync", x, y)
-
-
 def hover(x, y):
     """Moves the pointer there with a last small step, as a hand does."""
     _xdotool("mousemove", x - 3, y, "mousemove", x, y)
@@ -29,14 +25,13 @@ def type_text(text):
     _xdotool("type", "--delay", 2, text)
 
 
-def drag(start, end, steps=8):
-    """Presses the button at one point and releases it at another, with moves on the way."""
-    moves = []
-    for step in range(1, steps + 1):
-        x = start[0] + (end[0] - start[0]) * step // steps
-        y = start[1] + (end[1] - start[1]) * step // steps
-        moves += ["mousemove", x, y]
-    _xdotool("mousemove", *start, "mousedown", 1, *moves, "mouseup", 1)
+def press(x, y):
+    """Presses the button and keeps it down."""
+    _xdotool("mousemove", x, y, "mousedown", 1)
+
+
+def release():
+    _xdotool("mouseup", 1)
 
 
 class Picture:

@@ -18,17 +18,19 @@ PATH = re.compile(r'(?:AT_FDCWD<([^>]*)>, |\d+<([^>]*)>, )?"((?:[^"\\]|\\.)*)"')
 
 
 def can_trace():
-    return subprocess.run(["strace", "-f", "-o", "/dev/null", "true"], capture_output=True, check=False).returncode == 0
+    trial = subprocess.run(["strace", "-f", "-o", "/dev/null", "true"], capture_output=True, check=False)
+    return trial.returncode == 0
 
 
 def touched(call):
-    """The paths that a call changes or tries to: all that it names, unless it only opens something for reading, or makes
-    what is there already."""
+    """The paths that a call changes or tries to change: all that it names, unless it only opens something for reading,
+    or makes what is there already."""
     if " = -1 EEXIST" in call:
         return []
     if re.match(r"open(at)?\(", call) and not re.search(r"O_WRONLY|O_RDWR|O_CREAT|O_TRUNC", call):
         return []
-    return [os.path.normpath(os.path.join(one or other or os.getcwd(), path)) for one, other, path in PATH.findall(call)]
+    named = PATH.findall(call)
+    return [os.path.normpath(os.path.join(one or other or os.getcwd(), path)) for one, other, path in named]
 
 
 def is_allowed(path):

@@ -6,8 +6,8 @@ from driver import samples, screen, sidebar
 from driver.program import Program
 from driver.waiting import expect, expect_equal
 
-NAMED = {"push-button", "check-box", "radio-button", "menu-item", "check-menu-item", "list-item", "list", "label", "text",
-         "table", "chart", "heading", "dialog", "alert", "page-tab-list", "page-tab", "link"}
+NAMED = {"push-button", "check-box", "radio-button", "menu-item", "check-menu-item", "list-item", "list", "label",
+         "text", "table", "chart", "heading", "dialog", "alert", "page-tab-list", "page-tab", "link"}
 
 
 def see_names(program, where):

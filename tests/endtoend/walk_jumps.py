@@ -78,8 +78,18 @@ def series(program):
     wait_for(lambda: charts(program) == before, "Elevation to come back to its place")
 
 
+def elevation_at_pointer(program, unit):
+    """The number that is read out in the middle of the chart, in a unit."""
+    row = program.window.await_node("chart", "Elevation")
+    screen.hover(*row.middle())
+    pattern = re.compile(rf"Me (\d+) {unit} AGL")
+    return float(wait_for(lambda: pattern.fullmatch(row.description), f"an elevation in {unit}").group(1))
+
+
 def units(program):
+    """All numbers change with the units, those of the screen as well as those of the charts."""
     imperial = numbers(program)
+    feet = elevation_at_pointer(program, "ft")
     screen.key("ctrl+comma")
     settings = program.root.await_node("frame", "Settings")
     expect(settings.await_node("radio-button", "Imperial").has("checked"), "the locale's units are chosen")
@@ -87,6 +97,8 @@ def units(program):
     wait_for(lambda: numbers(program)[0].endswith(" m"), "metres")
     screen.key("Escape")
     program.root.await_gone("frame", "Settings")
+    metres = elevation_at_pointer(program, "m")
+    expect(abs(metres * 3.28084 - feet) < 3, f"{feet} ft are {metres} m")
     for label, before, after in zip(LABELS, imperial, numbers(program)):
         factor = {"ft": 3.28084, "mph": 1 / 1.609344}.get(before.split()[-1])
         if factor is None:

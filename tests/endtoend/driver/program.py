@@ -3,9 +3,10 @@
 import os
 import signal
 import subprocess
+import sys
 import tempfile
 
-from driver import nodes
+from driver import nodes, screen
 from driver.waiting import PATIENCE, StoryFailed, expect_equal, wait_for
 
 BIN = os.environ["OSPRA_BIN"]
@@ -70,11 +71,9 @@ class Program:
 
 def leave_traces(root):
     """Leaves what there is to see for whoever looks into the failure."""
-    from driver import screen
     folder = os.environ["OSPRA_PICTURES"]
     os.makedirs(folder, exist_ok=True)
-    import __main__
-    name = os.path.splitext(os.path.basename(__main__.__file__))[0]
+    name = os.path.splitext(os.path.basename(sys.argv[0]))[0]
     screen.save(f"{folder}/{name}.png")
     with open(f"{folder}/{name}.txt", "w", encoding="utf-8") as file:
         file.write(root.tree() + "\n")

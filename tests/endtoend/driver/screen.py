@@ -8,8 +8,8 @@ def _xdotool(*arguments):
 
 
 def hover(x, y):
-    """Moves the pointer there with a last small step, as a hand does."""
-    _xdotool("mousemove", x - 3, y, "mousemove", x, y)
+    """Moves the pointer there in one step, so that nothing on the way is read out."""
+    _xdotool("mousemove", x, y)
 
 
 def click(x, y):

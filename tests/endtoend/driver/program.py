@@ -41,11 +41,11 @@ class Program:
             return self._process.pid
         children = f"/proc/{self._process.pid}/task/{self._process.pid}/children"
 
-        def child():
+        def program():
             with open(children, encoding="ascii") as file:
-                return file.read().split()
+                return next((child for child in file.read().split() if runs_program(child)), None)
 
-        return int(wait_for(child, "the traced program")[0])
+        return int(wait_for(program, "the traced program"))
 
     def _kill(self):
         if self.is_running():
@@ -67,6 +67,14 @@ class Program:
         expect_equal(self._process.returncode, 0, "exit code")
         self._complaints.seek(0)
         expect_equal(self._complaints.read(), "", "complaints")
+
+
+def runs_program(process_id):
+    """Whether a process is the program; a tracer has short-lived ones of its own too."""
+    try:
+        return os.path.samefile(f"/proc/{process_id}/exe", f"{BIN}/ospra")
+    except OSError:
+        return False
 
 
 def leave_traces(root):

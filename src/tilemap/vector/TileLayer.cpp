@@ -12,7 +12,7 @@ using protozero::pbf_reader;
 using protozero::pbf_wire_type;
 using protozero::tag_and_type;
 
-// Fields of the messages. Source: Mapbox vector tile specification 2.1, section 4.
+// Fields of the messages. Source: Mapbox vector tile format 2.1, section 4.
 constexpr auto layerNameField = tag_and_type(1, pbf_wire_type::length_delimited);
 constexpr auto layerFeatureField = tag_and_type(2, pbf_wire_type::length_delimited);
 constexpr auto layerKeyField = tag_and_type(3, pbf_wire_type::length_delimited);

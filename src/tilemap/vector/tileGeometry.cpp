@@ -5,7 +5,7 @@
 namespace ospra {
 namespace {
 
-// Source: Mapbox vector tile specification 2.1, section 4.3.
+// Source: Mapbox vector tile format 2.1, section 4.3.
 constexpr std::uint32_t moveTo = 1;
 constexpr std::uint32_t lineTo = 2;
 constexpr std::uint32_t closePath = 7;

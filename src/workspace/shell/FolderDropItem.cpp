@@ -83,7 +83,8 @@ void FolderDropItem::lookFor(std::vector<std::filesystem::path> paths)
     m_awaited.reset();
     m_isLooking = true;
     const int revision = ++m_revision;
-    m_pool->post([answers = m_answers, item = QPointer(this), revision, paths = std::move(paths)](std::stop_token) {
+    m_pool->post([answers = m_answers, item = QPointer(this), revision,
+                  paths = std::move(paths)](const std::stop_token& /*stop*/) {
         answers->post([item, revision, folder = firstFolder(paths)] {
             if (item)
                 item->finishLooking(revision, folder);

@@ -3,6 +3,7 @@
 #include "raster/DashedPen.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr double farAway = 1e9;         // px; positions are kept within this, so that differences do not overflow
 constexpr std::size_t denseSamples = 3; // a column with fewer shows its samples one by one
+constexpr std::size_t readAtOnce = 4;   // samples
 constexpr double leastSpike = 0.05;     // px; what lies beyond a stroke by less cannot be seen
 
 /// Neighbouring samples of a line that fall into the same pixel column.
@@ -129,23 +131,29 @@ private:
         const std::size_t count = m_line.count;
         const double* px = m_line.x + static_cast<std::ptrdiff_t>(first + 1) * stride;
         const double* py = m_line.y + static_cast<std::ptrdiff_t>(first + 1) * stride;
-        const auto isWithin = [&](std::ptrdiff_t k) { return (px[k * stride] >= from) & (px[k * stride] < to); };
-        ValueRange even{y(first), y(first)};
-        ValueRange odd = even;
+        std::array<ValueRange, readAtOnce> ranges;
+        ranges.fill({y(first), y(first)});
         std::size_t i = first + 1;
-        // Two ranges at a time, since a comparison has to wait for the one before it in the same range.
-        for (; i + 2 <= count && (isWithin(0) & isWithin(1)); i += 2, px += 2 * stride, py += 2 * stride) {
-            widen(even, py[0]);
-            widen(odd, py[stride]);
+        // Several ranges at a time, since a comparison has to wait for the one before it in the same range.
+        for (; i + readAtOnce <= count; i += readAtOnce) {
+            bool areWithin = true;
+            for (std::size_t k = 0; k < readAtOnce; ++k) {
+                const double x = px[static_cast<std::ptrdiff_t>(k) * stride];
+                areWithin &= (x >= from) & (x < to);
+            }
+            if (!areWithin)
+                break;
+            for (std::size_t k = 0; k < readAtOnce; ++k)
+                widen(ranges[k], py[static_cast<std::ptrdiff_t>(k) * stride]);
+            px += static_cast<std::ptrdiff_t>(readAtOnce) * stride;
+            py += static_cast<std::ptrdiff_t>(readAtOnce) * stride;
         }
-        for (; i < count && isWithin(0); ++i, px += stride, py += stride)
-            widen(even, *py);
+        for (; i < count && (*px >= from) & (*px < to); ++i, px += stride, py += stride)
+            widen(ranges[0], *py);
         m_next = i;
-        const double lo = std::min(even.lo, odd.lo);
-        const double hi = std::max(even.hi, odd.hi);
-        if (!std::isfinite(lo) || !std::isfinite(hi))
-            return finiteValues(first, i);
-        return {lo, hi};
+        const ValueRange values{std::ranges::min(ranges, {}, &ValueRange::lo).lo,
+                                std::ranges::max(ranges, {}, &ValueRange::hi).hi};
+        return std::isfinite(values.lo) && std::isfinite(values.hi) ? values : finiteValues(first, i);
     }
 
     [[nodiscard]] ValueRange finiteValues(std::size_t first, std::size_t end) const

@@ -1,8 +1,7 @@
+#include "benchmarks/BenchmarkWindow.h"
 #include "plot/PlotItem.h"
 #include "tests/core/ModelTestBed.h"
-#include "workspace/OspraApp.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
@@ -11,32 +10,31 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <atomic>
-#include <ctime>
+#include <array>
+#include <cstdlib>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace ospra {
 namespace {
 
-/// Milliseconds of a clock: processor time of this thread or of the whole process, or time of day.
-double milliseconds(clockid_t clock)
-{
-    timespec time{};
-    clock_gettime(clock, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
+constexpr std::array jumperNames{"me", "a", "b", "c", "d", "e", "f", "g"};
 
-/// The real window on a jump of four tracks of about 25,000 samples, all rows on.
+/// How many of them jump.
+std::size_t jumperCount = 4;
+
+/// The real window on a jump with a track of about 25,000 samples for each jumper, all rows on.
 class JumpWindow {
 public:
     JumpWindow()
     {
         double start = JumpPlan{}.startSeconds;
-        for (const char* name : {"me", "a", "b", "c"})
+        const auto names = std::span(jumperNames).first(jumperCount);
+        for (const char* name : names)
             m_bed.addLog(name, "jump.csv", {.rate = 45.0, .climbSeconds = 240.0, .startSeconds = start += 1.0});
         model().openFolder(m_bed.folder("me"));
-        for (const char* name : {"a", "b", "c"})
+        for (const char* name : names.subspan(1))
             model().addCompanion(m_bed.folder(name));
         m_bed.settle();
         model().setEnabledSeries({allDataSeries.begin(), allDataSeries.end()});
@@ -46,17 +44,7 @@ public:
         m_engine.setInitialProperties({{QStringLiteral("source"), QVariant::fromValue(&model())}});
         m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Ospra/Workspace/MainWindow.qml")));
         m_window = qobject_cast<QQuickWindow*>(m_engine.rootObjects().value(0));
-        // Both on the render thread. A frame counts from the moment at which it took over the items' state: one that
-        // is still being drawn then shows what was before.
-        const auto direct = Qt::DirectConnection;
-        QObject::connect(m_window, &QQuickWindow::afterSynchronizing, m_window, [this] { ++m_taken; }, direct);
-        QObject::connect(
-            m_window, &QQuickWindow::frameSwapped, m_window,
-            [this] {
-                m_shown = m_taken.load();
-                QMetaObject::invokeMethod(m_window, [] {}, Qt::QueuedConnection); // wakes the loop
-            },
-            direct);
+        m_frames.watch(m_window);
         collect(m_window->contentItem());
         waitFor([this] { return std::ranges::all_of(m_plots, [](PlotItem* p) { return p->rasterCount() > 0; }); });
         waitForFrame();
@@ -93,21 +81,9 @@ public:
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
 
-    void waitForFrame()
-    {
-        const int before = m_taken; // stands still, as a frame takes over while this thread waits
-        m_window->update();
-        waitFor([&] { return m_shown > before; });
-    }
+    void waitForFrame() { m_frames.waitForFrame(); }
 
 private:
-    template <typename Reached>
-    static void waitFor(Reached reached)
-    {
-        while (!reached())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
-    }
-
     void collect(QQuickItem* item)
     {
         if (auto* plot = qobject_cast<PlotItem*>(item))
@@ -117,11 +93,10 @@ private:
     }
 
     ModelTestBed m_bed;
+    FrameWatch m_frames;
     QQmlApplicationEngine m_engine;
     QQuickWindow* m_window = nullptr;
     std::vector<PlotItem*> m_plots;
-    std::atomic<int> m_taken = 0;
-    std::atomic<int> m_shown = 0;
 };
 
 /// Made at the first use, and gone before the application is.
@@ -199,11 +174,14 @@ BENCHMARK(BM_BareFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
 } // namespace
 } // namespace ospra
 
+/// Behind the options may stand the number of jumpers, 1 to 8.
 int main(int argc, char** argv)
 {
     ospra::prepareApplication();
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
+    if (argc > 1)
+        ospra::jumperCount = std::clamp(std::strtoul(argv[1], nullptr, 10), 1UL, ospra::jumperNames.size());
     benchmark::RunSpecifiedBenchmarks();
     ospra::theWindow.reset();
     return 0;

@@ -2,22 +2,28 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
+#include <span>
+
 namespace ospra {
 namespace {
 
-/// A jump of four tracks of about 15,000 samples each: the primary and three companions.
-class FourTracks {
+constexpr double wholeRate = 45.0; // samples a second, 25,000 a track
+
+/// A jump of the primary and companions, four tracks unless another number is wanted.
+class LoadedJump {
 public:
-    explicit FourTracks(double rate)
+    explicit LoadedJump(double rate, std::size_t trackCount = 4)
     {
-        const char* const names[] = {"me", "a", "b", "c"};
+        constexpr std::array allNames{"me", "a", "b", "c", "d", "e", "f", "g"};
+        const auto names = std::span(allNames).first(trackCount);
         for (const char* name : names) {
             JumpPlan plan{.rate = rate, .climbSeconds = 240.0, .startSeconds = m_start};
             m_start += 1.0;
             m_bed.addLog(name, "jump.csv", plan);
         }
         m_bed.model().openFolder(m_bed.folder("me"));
-        for (const char* name : {"a", "b", "c"})
+        for (const char* name : names.subspan(1))
             m_bed.model().addCompanion(m_bed.folder(name));
         m_bed.settle();
     }
@@ -40,7 +46,7 @@ private:
 /// The background part of a click: four files to finished display data.
 void BM_LoadJump(benchmark::State& state)
 {
-    FourTracks jump(static_cast<double>(state.range(0)));
+    LoadedJump jump(static_cast<double>(state.range(0)));
     const LoadRequest request = jump.request();
     std::size_t samples = 0;
     for (auto _ : state) {
@@ -51,12 +57,22 @@ void BM_LoadJump(benchmark::State& state)
     state.counters["tracks"] = static_cast<double>(request.entries.size());
     state.counters["samples"] = static_cast<double>(samples);
 }
-BENCHMARK(BM_LoadJump)->Arg(5)->Arg(25)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LoadJump)->Arg(5)->Arg(25)->Arg(45)->Unit(benchmark::kMillisecond);
+
+/// The same by the number of jumpers.
+void BM_LoadJumpers(benchmark::State& state)
+{
+    LoadedJump jump(wholeRate, static_cast<std::size_t>(state.range(0)));
+    const LoadRequest request = jump.request();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(loadJump(request));
+}
+BENCHMARK(BM_LoadJumpers)->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMillisecond);
 
 /// The main thread's part: publishing the result and cutting it to the zoom.
 void BM_FinishLoad(benchmark::State& state)
 {
-    FourTracks jump(static_cast<double>(state.range(0)));
+    LoadedJump jump(static_cast<double>(state.range(0)));
     OspraModel& model = jump.bed().model();
     for (auto _ : state) {
         state.PauseTiming();
@@ -68,7 +84,7 @@ void BM_FinishLoad(benchmark::State& state)
     state.counters["tracks"] = static_cast<double>(model.tracks().size());
     state.counters["samples"] = static_cast<double>(model.tracks().back().file.dataPoints.size());
 }
-BENCHMARK(BM_FinishLoad)->Arg(5)->Arg(25)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FinishLoad)->Arg(5)->Arg(25)->Arg(45)->Unit(benchmark::kMillisecond);
 
 /// A zoom of the model beside its yardstick, on the same jump: copying every point that is then on show, once.
 enum class ZoomWork { rebuildVisibleData, copyVisiblePoints };
@@ -96,7 +112,7 @@ std::vector<std::vector<ChartPoint>> copyVisiblePoints(const OspraModel& model)
 
 void BM_Zoom(benchmark::State& state, ZoomWork work)
 {
-    FourTracks jump(45.0);
+    LoadedJump jump(wholeRate);
     OspraModel& model = jump.bed().model();
     model.loadTracks(jump.request());
     jump.bed().settle();

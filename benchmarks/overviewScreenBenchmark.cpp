@@ -41,8 +41,9 @@ public:
     {
         using namespace std::chrono;
         const auto now = floor<seconds>(system_clock::now());
+        constexpr seconds pause = seconds(days(365)) * years / jumpCount;
         for (int i = 0; i < jumpCount; ++i)
-            m_bed.addFile("Logbook", std::to_string(i) + ".csv", exitAt(now - i * (days(365) * years / jumpCount)));
+            m_bed.addFile("Logbook", std::to_string(i) + ".csv", exitAt(now - i * pause));
         m_bed.model().openFolder(m_bed.folder("Logbook"));
         m_bed.settle();
         m_state.setSource(&m_bed.model());

@@ -13,7 +13,6 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
-#include <span>
 #include <vector>
 
 namespace ospra {
@@ -30,12 +29,12 @@ public:
     JumpWindow()
     {
         double start = JumpPlan{}.startSeconds;
-        const auto names = std::span(jumperNames).first(jumperCount);
+        const std::vector<const char*> names(jumperNames.begin(), jumperNames.begin() + jumperCount);
         for (const char* name : names)
             m_bed.addLog(name, "jump.csv", {.rate = 45.0, .climbSeconds = 240.0, .startSeconds = start += 1.0});
         model().openFolder(m_bed.folder("me"));
-        for (const char* name : names.subspan(1))
-            model().addCompanion(m_bed.folder(name));
+        for (std::size_t i = 1; i < names.size(); ++i)
+            model().addCompanion(m_bed.folder(names[i]));
         m_bed.settle();
         model().setEnabledSeries({allDataSeries.begin(), allDataSeries.end()});
         model().selectNextJump();

@@ -69,7 +69,8 @@ void BM_LoadJumpers(benchmark::State& state)
 }
 BENCHMARK(BM_LoadJumpers)->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMillisecond);
 
-/// The main thread's part: publishing the result and cutting it to the zoom.
+/// The main thread's part: publishing the result and cutting it to the zoom. A load stands before each, so there are
+/// few.
 void BM_FinishLoad(benchmark::State& state)
 {
     LoadedJump jump(static_cast<double>(state.range(0)));
@@ -84,7 +85,7 @@ void BM_FinishLoad(benchmark::State& state)
     state.counters["tracks"] = static_cast<double>(model.tracks().size());
     state.counters["samples"] = static_cast<double>(model.tracks().back().file.dataPoints.size());
 }
-BENCHMARK(BM_FinishLoad)->Arg(5)->Arg(25)->Arg(45)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FinishLoad)->Arg(5)->Arg(25)->Arg(45)->Iterations(10)->Unit(benchmark::kMillisecond);
 
 /// A zoom of the model beside its yardstick, on the same jump: copying every point that is then on show, once.
 enum class ZoomWork { rebuildVisibleData, copyVisiblePoints };

@@ -1,14 +1,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Ospra.Controls
 import Ospra.Theme
 import Ospra.TileMap
 import Ospra.Workspace
 
 /// Where the jump went: the paths over the ground, the aircraft's run, exit and landing, and a marker for each jumper that
-/// follows the cursor of the charts. The camera moves when the model calls it; in between it is the user's.
-T.Control {
+/// follows the cursor of the charts. The camera moves when the model calls it; in between it is the user's. No control of
+/// the toolkit, which would not keep the role.
+Item {
     id: root
 
     required property OspraModel source
@@ -21,9 +21,10 @@ T.Control {
             ground.frameContent();
     }
 
-    focusPolicy: Qt.StrongFocus
+    activeFocusOnTab: true
     Accessible.role: Accessible.Canvas
     Accessible.name: qsTr("Map")
+    Accessible.description: qsTr("The arrow keys move the map, plus and minus zoom.")
     Keys.onPressed: event => {
         const isPlain = !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
         event.accepted = isPlain && ground.pressKey(event.key);
@@ -40,7 +41,10 @@ T.Control {
         nameFont: Theme.subheadline.font
         cameraDuration: Theme.cameraDuration
         isImperial: !root.source.useMetric
-        onTouched: root.forceActiveFocus(Qt.MouseFocusReason)
+        onTouched: {
+            root.forceActiveFocus(Qt.MouseFocusReason);
+            ring.takeReason(Qt.MouseFocusReason);
+        }
 
         MapIcon {
             map: ground
@@ -107,6 +111,8 @@ T.Control {
     }
 
     FocusRing {
+        id: ring
+
         control: root
         anchors.margins: 0
         controlRadius: -reach

@@ -7,7 +7,7 @@ from driver.program import Program
 from driver.waiting import expect, expect_equal
 
 NAMED = {"push-button", "check-box", "radio-button", "menu-item", "check-menu-item", "list-item", "list", "label",
-         "text", "table", "chart", "heading", "dialog", "alert", "page-tab-list", "page-tab", "link"}
+         "text", "table", "chart", "canvas", "heading", "dialog", "alert", "page-tab-list", "page-tab", "link"}
 
 
 def see_names(program, where):
@@ -18,7 +18,9 @@ def see_names(program, where):
             count += 1
             if not node.name.strip() or re.search(r"[<>]|&(?! )", node.name):
                 nameless.append((node.role, node.name, node.extents))
-        expect(not (node.has("focusable") and not node.name.strip() and node.role in ("filler", "panel", "unknown")),
+        expect(not (node.has("focusable") and node.role in ("filler", "unknown")),
+               f"{where}: what takes the focus has a role: {node.role} {node.name} {node.extents}")
+        expect(not (node.has("focusable") and not node.name.strip() and node.role == "panel"),
                f"{where}: what takes the focus has a name: {node.role} {node.extents}")
     expect(count > 5, f"{where}: {count} things to name")
     expect_equal(nameless, [], f"{where}: things without a proper name")
@@ -52,6 +54,10 @@ def see_screens(program):
     see_names(program, "monthly numbers")
     sidebar.open_jump(program, "10-24-16")
     see_names(program, "jump")
+    ground = program.window.await_node("canvas", "Map")
+    for name in ("Jump Run", "Exit", "Landing"):
+        expect(ground.find("label", name), f"the map tells of {name}")
+    expect(program.window.find("label", re.compile("Exit [0-9,]+ .*")), "the key numbers are labels")
     see_menus(program, "jump")
     see_button_menu(program, "Folders", "jump")
     see_button_menu(program, "Data Series", "jump")

@@ -7,7 +7,10 @@ import Ospra.Theme
 Rectangle {
     id: root
 
-    required property T.Control control
+    required property Item control
+    // Null for an item that is no control of the toolkit. Such an item keeps no reason: the focus is from a key unless
+    // the item has told of a click.
+    readonly property T.Control reasoned: root.control as T.Control
     property real controlRadius: Theme.radiusControl
     // At first true: what has the focus when the window opens is to be seen, before any key or click.
     property bool isFromKey: true
@@ -32,14 +35,23 @@ Rectangle {
     // A click on what has the focus already changes no reason.
     PointHandler {
         parent: root.control
-        onActiveChanged: if (active) root.isFromKey = false
+        onActiveChanged: if (active && (root.reasoned || root.control.activeFocus)) root.isFromKey = false
     }
 
     Connections {
-        target: root.control
+        target: root.reasoned
 
         function onFocusReasonChanged() {
-            root.takeReason(root.control.focusReason);
+            root.takeReason(root.reasoned.focusReason);
+        }
+    }
+
+    Connections {
+        target: root.reasoned ? null : root.control
+
+        function onFocusChanged() {
+            if (!root.control.focus)
+                root.isFromKey = true;
         }
     }
 }

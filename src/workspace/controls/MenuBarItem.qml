@@ -19,6 +19,20 @@ T.MenuBarItem {
     // The toolkit would call it a menu bar.
     Accessible.ignored: true
 
+    // While the pointer is over the title, the toolkit would keep the bar ready to open menus after this one has been
+    // closed, and the title marked for good. It lets go of a title that is disabled.
+    Connections {
+        target: root.menu
+
+        function onAboutToHide() {
+            root.enabled = false;
+        }
+
+        function onClosed() {
+            root.enabled = true;
+        }
+    }
+
     contentItem: ButtonFace {
         iconName: root.iconName
         text: root.iconName === "" ? root.plainText : ""

@@ -94,6 +94,26 @@ Item {
             tryCompare(file, "visible", false);
         }
 
+        function test_aClosedMenuLeavesTheBarAtRest_data() {
+            return [{ tag: "by a key", close: () => keyClick(Qt.Key_Escape) }, { tag: "by a click", close: () => mouseClick(bar.itemAt(1)) }];
+        }
+
+        function test_aClosedMenuLeavesTheBarAtRest(data) {
+            mouseMove(bar.itemAt(1));
+            mouseClick(bar.itemAt(1));
+            tryCompare(file, "opened", true);
+            data.close();
+            tryCompare(file, "visible", false);
+            verify(bar.itemAt(1).enabled);
+            mouseMove(bar.itemAt(2));
+            wait(50);
+            verify(!jump.visible);
+            mouseMove(root, 300, 300);
+            verify(!bar.itemAt(1).highlighted);
+            mouseClick(bar.itemAt(1));
+            tryCompare(file, "opened", true);
+        }
+
         function test_mnemonicsOpen() {
             keyClick(Qt.Key_J, Qt.AltModifier);
             tryCompare(jump, "opened", true);

@@ -34,6 +34,15 @@ std::optional<std::filesystem::path> firstFolder(const std::vector<std::filesyst
     return folder == paths.end() ? std::nullopt : std::optional(*folder);
 }
 
+/// Answers another program's offer. The folder is only looked at, whatever is proposed: it shall not be removed there
+/// as if it were moved. Each answer says so, as some programs go by the last one before the drop.
+void takeAsCopy(QDropEvent& event, bool isTaken)
+{
+    event.setAccepted(isTaken);
+    if (isTaken)
+        event.setDropAction(Qt::CopyAction);
+}
+
 } // namespace
 
 FolderDropItem::FolderDropItem(QQuickItem* parent) : QQuickItem(parent), m_answers(makeEventLoopMailbox())
@@ -44,7 +53,7 @@ FolderDropItem::FolderDropItem(QQuickItem* parent) : QQuickItem(parent), m_answe
 void FolderDropItem::dragEnterEvent(QDragEnterEvent* event)
 {
     std::vector<std::filesystem::path> paths = localPaths(*event->mimeData());
-    event->setAccepted(!paths.empty());
+    takeAsCopy(*event, !paths.empty());
     if (paths.empty())
         return;
     lookFor(std::move(paths));
@@ -53,7 +62,7 @@ void FolderDropItem::dragEnterEvent(QDragEnterEvent* event)
 
 void FolderDropItem::dragMoveEvent(QDragMoveEvent* event)
 {
-    event->setAccepted(m_isLooking || m_folder);
+    takeAsCopy(*event, m_isLooking || m_folder);
 }
 
 void FolderDropItem::dragLeaveEvent(QDragLeaveEvent*)
@@ -64,10 +73,7 @@ void FolderDropItem::dragLeaveEvent(QDragLeaveEvent*)
 void FolderDropItem::dropEvent(QDropEvent* event)
 {
     const Role role = roleFor(*event);
-    event->setAccepted(m_isLooking || m_folder);
-    // The folder is only looked at, whatever the other program proposes: it shall not remove it as if it were moved.
-    if (event->isAccepted())
-        event->setDropAction(Qt::CopyAction);
+    takeAsCopy(*event, m_isLooking || m_folder);
     setInside(false);
     if (m_folder)
         open(*m_folder, role);

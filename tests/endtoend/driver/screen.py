@@ -21,6 +21,15 @@ def key(*names):
     _xdotool("key", *names)
 
 
+def hold(name):
+    """Presses a key and keeps it down."""
+    _xdotool("keydown", name)
+
+
+def let_go(name):
+    _xdotool("keyup", name)
+
+
 def type_text(text):
     _xdotool("type", "--delay", 2, text)
 

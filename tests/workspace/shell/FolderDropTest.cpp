@@ -29,20 +29,25 @@ protected:
     bool enter()
     {
         QDragEnterEvent event(middle(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(window, &event);
-        return event.isAccepted();
+        return send(event);
     }
 
     bool move(int x)
     {
         QDragMoveEvent event(middle() + QPoint(x, 0), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(window, &event);
-        return event.isAccepted();
+        return send(event);
     }
 
     bool drop(Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QDropEvent event(middle(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, modifiers);
+        return send(event);
+    }
+
+    /// The other program proposes to move the folder; each answer must say that it stays there.
+    bool send(QDropEvent& event)
+    {
+        event.setDropAction(Qt::MoveAction);
         QCoreApplication::sendEvent(window, &event);
         EXPECT_TRUE(!event.isAccepted() || event.dropAction() == Qt::CopyAction);
         return event.isAccepted();

@@ -1,0 +1,69 @@
+"""Folders that are dragged from another program onto the window."""
+
+import os
+import re
+import subprocess
+
+from driver import samples, screen, sidebar
+from driver.program import BIN, Program
+from driver.waiting import expect, expect_equal, wait_for
+
+SOURCE = (30, 30)  # a place in the other program's window
+
+
+def drag(program, path, is_folder=True):
+    """Drags a path from another program into the middle of the window, and gives what that program was told."""
+    with subprocess.Popen([f"{BIN}/drag-source", path], stdout=subprocess.PIPE, text=True) as source:
+        try:
+            wait_for(lambda: screen.Picture((*SOURCE, 1, 1)).colors() == [(0, 128, 128)], "the window with the files")
+            x, y, width, height = program.window.extents
+            edge = (x, y + height // 2, 12, 4)  # where the frame around what takes a drop crosses
+            before = screen.Picture(edge)
+            screen.press(*SOURCE)
+            for step in range(1, 10):
+                screen.hover(SOURCE[0] + step * width // 20, SOURCE[1] + step * height // 20)
+            if is_folder:
+                wait_for(lambda: screen.Picture(edge).changed_box(before), "the frame that offers a drop")
+            screen.hover(x + width // 2, y + height // 2)
+            screen.release()
+            outcome = source.stdout.readline().strip()
+            wait_for(lambda: not screen.Picture(edge).changed_box(before), "the frame to go")
+            return outcome
+        finally:
+            source.kill()
+
+
+def companions(program):
+    """The names in the menu from which companions are removed."""
+    program.window.await_node("menu-bar").await_node("menu-item", "Companions").click()
+    menu = program.window.await_node("popup-menu", "Companions")
+    menu.await_node("menu-item", "Add Companion Folder...")
+    names = [node.name.removeprefix("Remove ") for node in menu.find_all("menu-item", re.compile("Remove .*"))]
+    screen.key("Escape")
+    program.window.await_gone("popup-menu")
+    return names
+
+
+def main():
+    folder = samples.make()
+    logbook = f"{folder}/Logbook"
+    companion = samples.companions(folder)[0]
+    with Program() as program:
+        program.window.await_node("label", "Welcome to Ospra")
+        a_file = next(iter(samples.logs(logbook).values()))
+        expect_equal(drag(program, a_file, is_folder=False), "ignored", "what became of a file")
+        expect(program.window.find("label", "Welcome to Ospra"), "a file opens nothing")
+        expect_equal(drag(program, logbook), "copy", "what became of a folder")
+        wait_for(lambda: sorted(sidebar.logs(program)) == sorted(samples.logs(logbook)), "the jumps of the folder")
+        expect_equal(companions(program), [], "companions")
+        screen.hold("shift")
+        expect_equal(drag(program, companion), "copy", "what became of a folder with Shift")
+        screen.let_go("shift")
+        wait_for(lambda: companions(program) == [os.path.basename(companion)], "the companion in its menu")
+        expect_equal(sorted(sidebar.logs(program)), sorted(samples.logs(logbook)), "jumps of the list")
+        screen.key("ctrl+q")
+        program.expect_end()
+
+
+if __name__ == "__main__":
+    main()

@@ -18,7 +18,7 @@ T.Popup {
     implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
     implicitHeight: root.implicitContentHeight + root.topPadding + root.bottomPadding
     modal: true
-    dim: false
+    dim: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
 
@@ -28,6 +28,15 @@ T.Popup {
 
     background: MenuGround {
         radius: Theme.radiusDialog
+    }
+
+    // What lies behind steps back, so that the words of two screens are not read as one.
+    T.Overlay.modal: Rectangle {
+        color: Theme.scrim
+
+        Behavior on opacity {
+            NumberAnimation { duration: Theme.menuDuration }
+        }
     }
 
     enter: Transition {

@@ -28,11 +28,13 @@ QtObject {
     readonly property color pressed: Qt.alpha(root.ink, root.isDark ? 0.10 : 0.09)
     readonly property color menu: root.choose("#272B31", "#FFFFFF", "#000000", "#FFFFFF")
     readonly property color menuEdge: root.isHighContrast ? root.textTertiary : Qt.alpha(root.ink, root.isDark ? 0.12 : 0.14)
+    // Over the window, behind a dialog.
+    readonly property color scrim: Qt.alpha("#000000", root.isDark ? 0.45 : 0.25)
     readonly property color menuShadow: Qt.alpha("#000000", root.isDark ? 0.55 : 0.18)
 
     readonly property color text: root.choose("#F1F3F7", "#16181D", "#FFFFFF", "#000000")
     readonly property color textSecondary: root.choose("#ABB2BE", "#4A5260", "#D6DAE2", "#2B313B")
-    readonly property color textTertiary: root.choose("#8A92A0", "#686B73", "#B9C0CC", "#454B57")
+    readonly property color textTertiary: root.choose("#8A92A0", "#5F626A", "#B9C0CC", "#454B57")
     readonly property color disabled: Qt.alpha(root.text, 0.38)
     readonly property color textOnAccent: "#FFFFFF"
 

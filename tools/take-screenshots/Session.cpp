@@ -2,7 +2,9 @@
 
 #include "tilemap/item/MapImagery.h"
 #include "tilemap/item/TileMap.h"
+#include "tools/take-screenshots/measureTexts.h"
 #include "tools/take-screenshots/windowParts.h"
+#include "workspace/theme/desktop/Contrast.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -23,6 +25,7 @@ namespace {
 
 constexpr int patience = 30000; // ms until a state that does not come is given up
 constexpr int settling = 450;   // ms; longer than any animation
+constexpr int fading = 100;     // ms; the same where motion is unwanted
 constexpr QSize usualSize(1200, 700);
 constexpr QSize smallSize(900, 600);
 
@@ -31,6 +34,8 @@ constexpr std::array mainPictures{"overview",        "overview-stats",   "jump-h
                                   "menu-companions", "menu-data-series", "settings",   "about",       "welcome"};
 /// Those that are taken in a small window too.
 constexpr std::array smallPictures{"overview", "overview-stats", "jump-hover", "jump-all-series", "menu-jump"};
+/// Those in which no text stands on another ground than in the rest.
+constexpr std::array repeatingPictures{"jump", "jump-hidden", "jump-all-series", "jump-imperial", "jump-map-near"};
 constexpr std::array mapPictures{"jump-hover", "jump-map-near"};
 
 bool contains(std::span<const char* const> names, const QString& name)
@@ -251,6 +256,7 @@ bool Session::wants(const QString& name) const
     case Choice::all: return true;
     case Choice::main: return contains(mainPictures, name);
     case Choice::bareMaps: return m_size == usualSize && contains(mapPictures, name);
+    case Choice::contrasts: return m_size == usualSize && !contains(repeatingPictures, name);
     }
     return false;
 }
@@ -266,11 +272,32 @@ void Session::takeWindow(const QString& name, QQuickWindow& window)
         return;
     rest(20); // what has been told to the model reaches the map before it is asked
     waitUntil([this] { return mapIsComplete(*m_app.window()); }, "a map");
-    rest(settling);
+    rest(m_options.choice == Choice::contrasts ? fading : settling);
+    if (m_options.choice == Choice::contrasts) {
+        m_allDone = textsAreReadable(name, window) && m_allDone;
+        return;
+    }
     const QString path = QStringLiteral("%1/%2%3-%4x%5.png")
                              .arg(m_options.folder, name, m_options.suffix, QString::number(window.width()),
                                   QString::number(window.height()));
     m_allDone = window.grabWindow().save(path) && m_allDone;
+}
+
+/// Tells of each text that is not.
+bool Session::textsAreReadable(const QString& name, QQuickWindow& window) const
+{
+    const std::vector<TextContrast> texts = measureTexts(window, window.grabWindow());
+    if (texts.empty())
+        std::fprintf(stderr, "%s%s: no text at all\n", qPrintable(name), qPrintable(m_options.suffix));
+    bool allReadable = !texts.empty();
+    for (const auto& [text, place, contrast] : texts) {
+        if (contrast >= readableContrast)
+            continue;
+        allReadable = false;
+        std::fprintf(stderr, "%s%s: \"%s\" at %d, %d has a contrast of %.2f\n", qPrintable(name),
+                     qPrintable(m_options.suffix), qPrintable(text), place.x(), place.y(), contrast);
+    }
+    return allReadable;
 }
 
 } // namespace ospra

@@ -14,9 +14,10 @@ namespace ospra {
 
 /// What a run takes pictures of.
 enum class Choice {
-    all,      ///< every screen, and the main ones in a small window too
-    main,     ///< the main screens
-    bareMaps, ///< the maps, which have no imagery in this run
+    all,       ///< every screen, and the main ones in a small window too
+    main,      ///< the main screens
+    bareMaps,  ///< the maps, which have no imagery in this run
+    contrasts, ///< every screen once: no picture is kept, the texts in it are measured
 };
 
 /// One run of the program in one appearance, from screen to screen.
@@ -31,8 +32,8 @@ public:
 
     explicit Session(Options options);
 
-    /// Takes all pictures. @return false if the window did not open, a state did not come or a picture could not be
-    /// written
+    /// Takes all pictures. @return false if the window did not open, a state did not come, a picture could not be
+    /// written or a text in it is too faint
     [[nodiscard]] bool run();
 
 private:
@@ -53,6 +54,7 @@ private:
     [[nodiscard]] bool wants(const QString& name) const;
     void take(const QString& name);
     void takeWindow(const QString& name, QQuickWindow& window);
+    [[nodiscard]] bool textsAreReadable(const QString& name, QQuickWindow& window) const;
 
     Options m_options;
     QSize m_size;

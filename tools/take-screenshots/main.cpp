@@ -13,16 +13,21 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <span>
 
 namespace {
 
 constexpr const char* usage =
     "usage: take-screenshots FOLDER SAMPLES\n"
+    "       take-screenshots --contrasts SAMPLES\n"
     "  writes a picture of each screen, light and dark, of the main ones at scale 2 and in a\n"
     "  small window too, of the program as it shows the sample jumps that\n"
-    "  make-sample-jumps has put into SAMPLES, over a map that is painted for them\n";
+    "  make-sample-jumps has put into SAMPLES, over a map that is painted for them;\n"
+    "  with --contrasts it keeps no picture but measures in each how far texts stand\n"
+    "  out from their ground, and tells of those that do so by less than 4.5 to 1\n";
 
-constexpr std::array choices{"all", "main", "bare-maps"}; // the words for the values of Choice, in their order
+// The words for the values of Choice, in their order.
+constexpr std::array choices{"all", "main", "bare-maps", "contrasts"};
 
 /// One run of the program, in a process of its own, as the scale factor holds for a whole process.
 /// Arguments: --pictures FOLDER APPEARANCE SUFFIX CHOICE FEED
@@ -36,9 +41,11 @@ int runSession(int argc, char** argv)
         font.setPixelSize(13);
         QApplication::setFont(font);
     }
-    const bool isDark = arguments[3] == QStringLiteral("dark");
-    ospra::Appearance::instance()->setOverrides({{QStringLiteral("isDark"), isDark}});
     const auto choice = std::ranges::find(choices, arguments[5]) - choices.begin();
+    QVariantMap look{{QStringLiteral("isDark"), arguments[3] == QStringLiteral("dark")}};
+    if (static_cast<ospra::Choice>(choice) == ospra::Choice::contrasts)
+        look[QStringLiteral("isMotionReduced")] = true; // nothing to wait for
+    ospra::Appearance::instance()->setOverrides(look);
     ospra::Session session({.folder = arguments[2],
                             .suffix = QStringLiteral("-") + arguments[3] + arguments[4],
                             .choice = static_cast<ospra::Choice>(choice),
@@ -74,6 +81,8 @@ struct Run {
 constexpr std::array runs{Run{"dark", 1, ospra::Choice::all},      Run{"light", 1, ospra::Choice::all},
                           Run{"dark", 2, ospra::Choice::main},     Run{"light", 2, ospra::Choice::main},
                           Run{"dark", 1, ospra::Choice::bareMaps}, Run{"light", 1, ospra::Choice::bareMaps}};
+
+constexpr std::array measuringRuns{Run{"dark", 2, ospra::Choice::contrasts}, Run{"light", 2, ospra::Choice::contrasts}};
 
 /// Starts a session with settings, map sources and a cache of its own.
 bool startSession(const Run& run, const QString& folder, const QString& samples, const ospra::MapForSamples& map)
@@ -113,11 +122,13 @@ int main(int argc, char** argv)
         std::fputs(usage, stderr);
         return 2;
     }
-    const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
-    QDir().mkpath(folder);
+    const bool measures = QByteArray(argv[1]) == "--contrasts";
+    const QString folder = measures ? QString() : QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
+    if (!measures)
+        QDir().mkpath(folder);
     const ospra::MapForSamples map;
     bool allDone = true;
-    for (const Run& run : runs)
+    for (const Run& run : measures ? std::span<const Run>(measuringRuns) : std::span<const Run>(runs))
         allDone = startSession(run, folder, QString::fromLocal8Bit(argv[2]), map) && allDone;
     return allDone ? 0 : 1;
 }

@@ -5,8 +5,8 @@ GroundColors {
     id: root
 
     readonly property color white: "#FFFFFF"
-    readonly property color yellow: root.choose("#F0C419", "#886300", "#FFDF5A", "#6B4D00")
-    readonly property color cyan: root.choose("#4FC1F0", "#006AA6", "#7AD4FF", "#00507F")
+    readonly property color yellow: root.choose("#F0C419", "#805D00", "#FFDF5A", "#6B4D00")
+    readonly property color cyan: root.choose("#4FC1F0", "#0068A2", "#7AD4FF", "#00507F")
     readonly property color pink: root.choose("#FF6690", "#C9156A", "#FF8FB0", "#8C0048")
     readonly property color mint: root.choose("#7DF0B2", "#00633F", "#98FFCB", "#004C30")
     readonly property color indigo: root.choose("#9885FF", "#5428C8", "#B8ABFF", "#3D14A3")

@@ -1,21 +1,14 @@
+#include "fuzz/require.h"
 #include "tilemap/vector/VectorTile.h"
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 namespace {
 
-void require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "A decoded tile is not sound: %s\n", what);
-    std::abort();
-}
+using ospra::require;
 
 /// Sees to the points of a line. @return how many there are
 std::size_t checkLine(const std::vector<ospra::TilePoint>& points)

@@ -1,11 +1,13 @@
 #include "platform/SettingsStore.h"
 
 #include "platform/Mailbox.h"
+#include "platform/settingsText.h"
 
 #include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
+#include <QIODevice>
 #include <QMap>
 #include <QSettings>
 #include <QStandardPaths>
@@ -16,6 +18,8 @@
 namespace ospra {
 
 namespace {
+
+constexpr qint64 largestFile = 1 << 20; // bytes; what is beyond is none of ours
 
 // The file's own form cannot tell a list of one text from a text, nor an empty list from nothing. A value that is no
 // boolean is therefore written as a list that begins with the kind of what follows: "texts, Elevation". Bytes are
@@ -41,13 +45,44 @@ std::optional<std::string> decodedBytes(const QString& text)
     return decoded ? std::optional(decoded.decoded.toStdString()) : std::nullopt;
 }
 
+bool readValues(QIODevice& file, QSettings::SettingsMap& map)
+{
+    const QByteArray text = file.read(largestFile + 1);
+    if (text.size() > largestFile)
+        return false;
+    for (const auto& [key, list] : parseSettings({text.data(), static_cast<std::size_t>(text.size())})) {
+        QStringList values;
+        for (const std::string& value : list)
+            values += QString::fromStdString(value);
+        map.insert(QString::fromStdString(key), values);
+    }
+    return true;
+}
+
+bool writeValues(QIODevice& file, const QSettings::SettingsMap& map)
+{
+    SettingsValues values;
+    for (auto value = map.cbegin(); value != map.cend(); ++value) {
+        std::vector<std::string>& list = values[value.key().toStdString()];
+        for (const QString& text : value.value().toStringList())
+            list.push_back(text.toStdString());
+    }
+    const std::string text = settingsText(values);
+    return file.write(text.data(), static_cast<qint64>(text.size())) == static_cast<qint64>(text.size());
+}
+
+/// INI files of texts. The toolkit's own reader of INI files would also unpack whatever objects a value claims to be,
+/// one in the other, until the stack is used up.
+QSettings::Format fileFormat()
+{
+    static const QSettings::Format format = QSettings::registerFormat(QStringLiteral("conf"), readValues, writeValues);
+    return format;
+}
+
 /// The settings in a file that other processes may change too.
 class FileSettingsStore final : public SettingsStore {
 public:
-    explicit FileSettingsStore(const QString& path) : m_settings(path, QSettings::IniFormat)
-    {
-        m_lastSeen = allValues();
-    }
+    explicit FileSettingsStore(const QString& path) : m_settings(path, fileFormat()) { m_lastSeen = allValues(); }
 
     bool contains(std::string_view key) const override { return m_settings.contains(keyText(key)); }
 

@@ -157,6 +157,20 @@ TEST_F(SettingsStoreTest, rubbishGivesAbsentValuesAndCanBeWrittenOver)
     }
 }
 
+TEST_F(SettingsStoreTest, objectsInTheFileAreNotUnpacked)
+{
+    std::string nested = "[General]\nuseAGL=false\nlist=@Variant(";
+    for (int depth = 0; depth < 50'000; ++depth) // lists in lists, enough to use up a stack
+        nested += R"(\0\0\0\t\0\0\0\x1)";
+    const auto store = makeFileSettingsStore(folder().write("nested.conf", nested + ")\n"));
+    EXPECT_TRUE(store->contains("list"));
+    EXPECT_FALSE(store->byteList("list"));
+    EXPECT_TRUE(store->contains("useAGL"));
+
+    const std::string tooLarge = "[General]\nuseAGL=true\nlist=" + std::string(1 << 20, 'x') + "\n";
+    EXPECT_FALSE(makeFileSettingsStore(folder().write("large.conf", tooLarge))->contains("useAGL"));
+}
+
 TEST_F(SettingsStoreTest, aStoreThatCannotBeWrittenKeepsValuesForTheRun)
 {
     const auto check = [](SettingsStore& store) {

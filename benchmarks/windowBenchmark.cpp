@@ -13,6 +13,8 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <numeric>
+#include <string>
 #include <vector>
 
 namespace ospra {
@@ -169,6 +171,68 @@ void BM_BareFrame(benchmark::State& state)
         (milliseconds(CLOCK_PROCESS_CPUTIME_ID) - start) / static_cast<double>(state.iterations());
 }
 BENCHMARK(BM_BareFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Processor time in milliseconds: of the whole process, and of the main thread alone.
+struct FrameCost {
+    double process = 0.0;
+    double mainThread = 0.0;
+};
+
+/// What it costs to do something and to wait for the next frame.
+template <typename Act>
+FrameCost costOfFrame(JumpWindow& window, Act act)
+{
+    const double process = milliseconds(CLOCK_PROCESS_CPUTIME_ID);
+    const double mainThread = milliseconds(CLOCK_THREAD_CPUTIME_ID);
+    act();
+    window.waitForFrame();
+    return {.process = milliseconds(CLOCK_PROCESS_CPUTIME_ID) - process,
+            .mainThread = milliseconds(CLOCK_THREAD_CPUTIME_ID) - mainThread};
+}
+
+void report(benchmark::State& state, const std::string& name, const std::vector<double>& values)
+{
+    state.counters[name + "_median_ms"] = median(values);
+    state.counters[name + "_mean_ms"] =
+        std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+}
+
+/// What a move of the pointer costs beyond the yardstick, in processor time. Short runs of both kinds of frame take
+/// turns, so that whatever else the machine does falls on both, and each move is set against a bare frame of the next
+/// run. The frames that show or clear the read-outs between the runs belong to neither.
+void BM_HoverBeyondBareFrame(benchmark::State& state)
+{
+    constexpr int runLength = 8;
+    JumpWindow& window = jumpWindow();
+    OspraModel& model = window.model();
+    const TimeRange range = model.displayRange();
+    double seconds = range.lo;
+    const auto hover = [&] {
+        seconds = seconds + 0.5 > range.hi ? range.lo : seconds + 0.5;
+        model.setHoveredSeconds(seconds);
+    };
+    std::vector<double> bare;
+    std::vector<double> beyond;
+    std::vector<double> beyondOfMainThread;
+    for (auto _ : state) {
+        std::vector<FrameCost> hovers;
+        costOfFrame(window, hover);
+        for (int frame = 0; frame < runLength; ++frame)
+            hovers.push_back(costOfFrame(window, hover));
+        costOfFrame(window, [&] { model.setHoveredSeconds(std::nullopt); });
+        for (const FrameCost& cost : hovers) {
+            const FrameCost yardstick = costOfFrame(window, [] {});
+            bare.push_back(yardstick.process);
+            beyond.push_back(cost.process - yardstick.process);
+            beyondOfMainThread.push_back(cost.mainThread - yardstick.mainThread);
+        }
+    }
+    report(state, "bare", bare);
+    report(state, "beyond", beyond);
+    report(state, "main_thread_beyond", beyondOfMainThread);
+    state.counters["pairs"] = static_cast<double>(beyond.size());
+}
+BENCHMARK(BM_HoverBeyondBareFrame)->Unit(benchmark::kMillisecond)->Iterations(100)->UseRealTime();
 
 } // namespace
 } // namespace ospra

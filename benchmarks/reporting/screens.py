@@ -15,9 +15,10 @@ work; the main thread only takes over the result.
     rows = []
     for rate in (5, 25, 45):
         load = figures[f"BM_LoadJump/{rate}"]
-        finish = figures[f"BM_FinishLoad/{rate}"].time
+        finish = figures[f"BM_FinishLoad/{rate}/iterations:10"].time
         count = f"{load.counters['samples']:,.0f} samples a track"
         rows.append([count, milliseconds(load.time), milliseconds(finish)])
+    report.headlines.append(f"Loads a jump of four tracks with 25,000 samples each in {milliseconds(load.time)}.")
     report.table(["", "background", "main thread"], rows)
 
 
@@ -41,6 +42,7 @@ drawn again without a change; the two take turns, and processor time of the whol
         ["of that on the main thread", milliseconds(main_thread), "", ""],
     ]
     report.table(["", "Ospra", "bare frame", "aim"], rows)
+    report.headlines.append(f"Zooms into that jump with all charts on in {milliseconds(zoom['median_ms'])} to the frame.")
 
 
 def hover_beyond_bare_frame(bench):
@@ -75,10 +77,11 @@ def lines(bench, report):
         """
 Six rows of four lines, 25,000 samples a line, 900 × 130 pixels a row, beside Qt's QPainter, which gets its points
 already reduced to four a pixel column. Smooth lines look as flights do; noisy ones jump over the whole height at every
-sample.
+sample. QPainter takes so long over noisy lines that it is timed with them only once.
 """,
     )
-    figures = bench.run("plot_benchmark", ".")
+    figures = bench.run("plot_benchmark", "^drawRows|^paintRows/smooth")
+    figures |= bench.run("plot_benchmark", "^paintRows/noisy", rounds=1)
     ours = {name: figures[f"drawRows/{name}"].time for name in _line_cases(figures, "drawRows")}
     painter = {name: figures[f"paintRows/{name}"].time for name in _line_cases(figures, "paintRows")}
     rows = []
@@ -87,6 +90,9 @@ sample.
         theirs = next(time for name, time in painter.items() if name.startswith(shape))
         aims = [report.at_most(title, limit, base)]
         if shape == "smooth":
+            report.headlines.append(
+                f"Draws its 24 lines of 25,000 samples in {milliseconds(base)}; Qt's painter takes {milliseconds(theirs)}."
+            )
             aims.append(report.at_most("smooth lines, part of QPainter's time", 1 / 25, base / theirs, times))
         rows.append([title, milliseconds(base), milliseconds(theirs), times(base / theirs), "; ".join(aims)])
         for case, what in (("25000/200", "at scale 2"), ("250000/100", "with ten times the samples")):
@@ -111,7 +117,7 @@ machine. The yardstick is the same map drawn again without a change.
     moves = bench.run("map_benchmark", "ToFrame|Bare", least_time=0.3)
     first = bench.run("map_benchmark", "LoadToPicture")
     bare = moves["BM_BareFrame/real_time"]
-    rows = [["bare frame", milliseconds(bare.time), milliseconds(bare.counters["process_ms"]), "1 ×", ""]]
+    rows = [["bare frame", milliseconds(bare.time), milliseconds(bare.counters["process_ms"]), times(1), ""]]
     for name, title in (("Pan", "pan"), ("Zoom", "zoom"), ("Hover", "hover")):
         figure = moves[f"BM_{name}ToFrame/real_time"]
         aim = report.at_most("map pan, a frame", 16, figure.time) if name == "Pan" else ""
@@ -120,12 +126,16 @@ machine. The yardstick is the same map drawn again without a change.
     load = first["BM_LoadToPicture/manual_time"].time
     aim = report.at_most("end of a load to the first picture of the map", 60, load)
     rows.append(["end of a load to the picture of its paths", milliseconds(load), "", "", aim])
-    report.table(["", "time", "of all processors", "of a bare frame", "aim"], rows)
+    report.table(["", "time", "processor time", "of a bare frame", "aim"], rows)
 
 
 def map_layers(bench, report):
-    report.text("The layers of the map, drawn in the background: four tracks in five phases, dashed and cased as on the map,"
-                " in 800 × 600 pixels; and the roads and names of a dense town in 1100 × 900.")
+    report.text(
+        """
+The layers of the map, drawn in the background: four tracks in five phases, dashed and cased as on the map, in 800 × 600
+pixels; and the roads and names of a dense town in 1100 × 900.
+"""
+    )
     paths = bench.run("tilemap_benchmark", ".")
     town = bench.run("vector_tile_benchmark", ".")
     rows = []
@@ -154,6 +164,8 @@ processor time beyond the same window drawn again without a change, in turns wit
     for count in (1_000, 20_000):
         time = sums[f"BM_ComputeOverview/{count}"].time
         aim = report.at_most(f"all aggregates of {count:,} jumps", 20, time) if count == 20_000 else ""
+        if count == 20_000:
+            report.headlines.append(f"Sums up 20,000 jumps for the overview in {milliseconds(time)}.")
         rows.append([f"all aggregates of {count:,} jumps", milliseconds(time), aim])
     change = screen["BM_RangeToFrame/0/manual_time"].time
     hover = screen["BM_HoverBeyondBareFrame/real_time"].counters

@@ -5,7 +5,7 @@ from dataclasses import dataclass, field
 
 def number(value, unit=""):
     """A figure with three digits that count, and its unit."""
-    if abs(value) >= 100:
+    if abs(value) >= 100 or value == int(value):
         text = f"{value:,.0f}"
     elif abs(value) >= 10:
         text = f"{value:.1f}"
@@ -45,6 +45,7 @@ class Aim:
 class Report:
     parts: list = field(default_factory=list)
     aims: list = field(default_factory=list)
+    headlines: list = field(default_factory=list)  # sentences with the few figures that stand in the README
 
     def section(self, title, text):
         self.parts.append(f"## {title}\n\n{text.strip()}\n")

@@ -46,8 +46,8 @@ def link_logs(bench, source, count):
 
 
 def make_career(bench):
-    """A folder of 1,000 logs, and those of three companions whose only log is of the first of these jumps; the four logs
-    of that jump have 25,000 samples each. @return the folders"""
+    """A folder of 1,000 logs, and those of three companions whose only log is of the first of these jumps; the four
+    logs of that jump have 25,000 samples each. @return the folders"""
     rows = 25_000
     career = make_logs(bench, "Career", 1000, jump_rows)
     shutil.copyfile(log_of(make_logs(bench, "long", 1, rows)), log_of(career))

@@ -11,7 +11,7 @@ Four tracks, from files in the page cache to the finished data of every chart an
 work; the main thread only takes over the result.
 """,
     )
-    figures = bench.run("core_benchmark", "^BM_(LoadJump|FinishLoad)")
+    figures = bench.run("core_benchmark", "^BM_(LoadJump|FinishLoad)/")
     rows = []
     for rate in (5, 25, 45):
         load = figures[f"BM_LoadJump/{rate}"]
@@ -42,7 +42,8 @@ drawn again without a change; the two take turns, and processor time of the whol
         ["of that on the main thread", milliseconds(main_thread), "", ""],
     ]
     report.table(["", "Ospra", "bare frame", "aim"], rows)
-    report.headlines.append(f"Zooms into that jump with all charts on in {milliseconds(zoom['median_ms'])} to the frame.")
+    spent = milliseconds(zoom["median_ms"])
+    report.headlines.append(f"Zooms into that jump with all charts on in {spent} to the frame.")
 
 
 def hover_beyond_bare_frame(bench):
@@ -91,7 +92,7 @@ sample. QPainter takes so long over noisy lines that it is timed with them only 
         aims = [report.at_most(title, limit, base)]
         if shape == "smooth":
             report.headlines.append(
-                f"Draws its 24 lines of 25,000 samples in {milliseconds(base)}; Qt's painter takes {milliseconds(theirs)}."
+                f"Draws 24 lines of 25,000 samples in {milliseconds(base)}; Qt's painter takes {milliseconds(theirs)}."
             )
             aims.append(report.at_most("smooth lines, part of QPainter's time", 1 / 25, base / theirs, times))
         rows.append([title, milliseconds(base), milliseconds(theirs), times(base / theirs), "; ".join(aims)])
@@ -142,7 +143,8 @@ pixels; and the roads and names of a dense town in 1100 × 900.
     for scale in (1, 2):
         again, painter = paths[f"drawAgain/{scale}/0"].time, paths[f"paintAgain/{scale}"].time
         rows.append([f"paths, scale {scale}", milliseconds(again), milliseconds(painter), times(again / painter)])
-        rows.append([f"paths for the first time, scale {scale}", milliseconds(paths[f"drawFirst/{scale}/0"].time), "", ""])
+        first = paths[f"drawFirst/{scale}/0"].time
+        rows.append([f"paths for the first time, scale {scale}", milliseconds(first), "", ""])
     rows.append(["choice of the tiles of a view", milliseconds(paths["chooseTiles/1"].time), "", ""])
     rows.append(["decoding a tile of roads and names", milliseconds(town["decodeTile"].time), "", ""])
     for scale in (1, 2):
@@ -169,7 +171,9 @@ processor time beyond the same window drawn again without a change, in turns wit
         rows.append([f"all aggregates of {count:,} jumps", milliseconds(time), aim])
     change = screen["BM_RangeToFrame/0/manual_time"].time
     hover = screen["BM_HoverBeyondBareFrame/real_time"].counters
-    rows.append(["change of the range to its frame", milliseconds(change), report.at_most("range change to frame", 50, change)])
+    aim = report.at_most("range change to frame", 50, change)
+    rows.append(["change of the range to its frame", milliseconds(change), aim])
     aim = report.at_most("hover over the overview", 2, hover["beyond_ms"])
-    rows.append([f"hover beyond a bare frame of {milliseconds(hover['bare_ms'])}", milliseconds(hover["beyond_ms"]), aim])
+    title = f"hover beyond a bare frame of {milliseconds(hover['bare_ms'])}"
+    rows.append([title, milliseconds(hover["beyond_ms"]), aim])
     report.table(["", "Ospra", "aim"], rows)

@@ -48,8 +48,8 @@ def memory(bench, report):
         "Memory",
         """
 The proportional set size of the process at rest, with Qt's software renderer: what it shares with other processes
-counts for its part. The career is 1,000 logs of 13,800 rows in the list, with a jump of four tracks of 25,000 samples on
-screen and the charts that are on at first. The map has no pictures here, since nothing is asked of a network.
+counts for its part. The career is 1,000 logs of 13,800 rows in the list, with a jump of four tracks of 25,000 samples
+on screen and the charts that are on at first. The map has no pictures here, since nothing is asked of a network.
 """,
     )
     environment = bench.environment | software
@@ -76,7 +76,8 @@ screen and the charts that are on at first. The map has no pictures here, since 
         aim = report.at_most("memory with a career", 150, size, mebibytes) if "career" in name else ""
         rows.append([name, mebibytes(size), ratio, aim])
     report.table(["", "memory", "ratio", "aim"], rows)
+    career, bare = (mebibytes(taken[name]) for name in ("Ospra with a career", "bare window"))
     report.headlines.append(
-        f"Takes {mebibytes(taken['Ospra with a career'])} of memory with 1,000 jumps listed and such a jump on screen; an "
-        f"empty window of Qt Quick takes {mebibytes(taken['bare window'])}."
+        f"Takes {career} of memory with 1,000 jumps listed and such a jump on screen; an empty window of Qt Quick takes "
+        f"{bare}."
     )

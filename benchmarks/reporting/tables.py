@@ -70,4 +70,4 @@ class Report:
         summary = Report()
         summary.section("Aims", "What the program is to reach, and whether it did in this run.")
         summary.table(["", "aim", "measured", ""], rows)
-        return "\n".join([introduction.strip() + "\n", *summary.parts, *self.parts])
+        return "\n".join([introduction.strip() + "\n", *(summary.parts if rows else []), *self.parts])

@@ -4,15 +4,20 @@
 #include "workspace/shell/mapCredits.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFont>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QOpenGLContext>
 #include <QQuickStyle>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
 
 Q_IMPORT_QML_PLUGIN(Ospra_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Ospra_ControlsPlugin)
@@ -54,6 +59,21 @@ void drawInSoftwareWhereThereIsNoOpenGL()
     QOpenGLContext context;
     if (!context.create())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+/// The driver keeps a cache of shaders in a file that it maps into memory before the disk has room for it, and where
+/// there is none the first touch ends the program. It can do without.
+void spareFullDiskTheDriversCache()
+{
+    constexpr std::uintmax_t room = 8'000'000; // bytes; the index of the cache alone takes more than one million
+    const QString caches = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    std::filesystem::path folder = QFile::encodeName(caches).toStdString();
+    std::error_code error;
+    while (folder.has_relative_path() && !std::filesystem::exists(folder, error))
+        folder = folder.parent_path();
+    const std::filesystem::space_info space = std::filesystem::space(folder, error);
+    if (!error && space.available < room)
+        qputenv("MESA_SHADER_CACHE_DISABLE", "true");
 }
 
 /// Makes the window smaller than it wants to be where the screen has less room, frame and title bar included.
@@ -110,6 +130,7 @@ OspraApp::~OspraApp()
 
 bool OspraApp::openWindow()
 {
+    spareFullDiskTheDriversCache();
     drawInSoftwareWhereThereIsNoOpenGL();
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));

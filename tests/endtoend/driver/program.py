@@ -36,7 +36,7 @@ class Program:
         self._kill()
 
     def _program_id(self):
-        """Of the program itself, where a tracer has started it."""
+        """Of the program itself, where another one, such as a tracer, has started it."""
         if not self._is_traced:
             return self._process.pid
         children = f"/proc/{self._process.pid}/task/{self._process.pid}/children"
@@ -58,15 +58,18 @@ class Program:
     def terminate(self):
         self._process.send_signal(signal.SIGTERM)
 
-    def expect_end(self):
-        """It ends by itself, with the code of success and without a word of complaint."""
+    def await_end(self):
+        """It ends by itself. Gives its code and its complaints."""
         try:
             self._process.wait(PATIENCE)
         except subprocess.TimeoutExpired as error:
             raise StoryFailed("the program does not end") from error
-        expect_equal(self._process.returncode, 0, "exit code")
         self._complaints.seek(0)
-        expect_equal(self._complaints.read(), "", "complaints")
+        return self._process.returncode, self._complaints.read()
+
+    def expect_end(self):
+        """It ends by itself, with the code of success and without a word of complaint."""
+        expect_equal(self.await_end(), (0, ""), "exit code and complaints")
 
 
 def runs_program(process_id):

@@ -138,6 +138,16 @@ void PlotOverlay::setDots(const PlotDots& dots)
     emit overlayChanged();
 }
 
+void PlotOverlay::setCursor(qreal seconds, const PlotDots& dots)
+{
+    const bool isSame = seconds == m_cursorSeconds || (std::isnan(seconds) && std::isnan(m_cursorSeconds));
+    if (isSame && m_dots == dots)
+        return;
+    m_cursorSeconds = seconds;
+    m_dots = dots;
+    emit overlayChanged();
+}
+
 void PlotOverlay::itemChange(ItemChange change, const ItemChangeData& data)
 {
     if (change == ItemDevicePixelRatioHasChanged)

@@ -56,6 +56,10 @@ public:
     [[nodiscard]] PlotDots dots() const { return m_dots; }
     void setDots(const PlotDots& dots);
 
+    /// Cursor and dots in one.
+    /// @param seconds NaN: no cursor
+    void setCursor(qreal seconds, const PlotDots& dots);
+
 signals:
     void plotChanged();
     void overlayChanged();

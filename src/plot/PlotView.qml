@@ -15,6 +15,7 @@ Item {
     property alias dragEnd: overlay.dragEnd
     property alias dragColor: overlay.dragColor
     property alias rasterCount: plotItem.rasterCount
+    readonly property alias overlay: overlay
     required property color gridColor
     required property color labelColor
     required property font labelFont

@@ -1,24 +1,23 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Ospra.Controls
 import Ospra.Theme
+import Ospra.Workspace
 
 /// The line above a plot: its colour, title, the time under the cursor, what each jumper's line reads there, and the
 /// unit. Where the room is short the unit goes first, then the title is cut, then the tail of the readings fades.
 Item {
     id: root
 
+    required property ChartRowsModel rows
+    required property int row
     required property string title
     required property int rowColor
     required property string unit
-    required property string timeLabel
-    required property list<string> names
-    required property list<int> colors
-    required property list<string> values
+    required property bool showsTime
     required property color groundColor ///< below the header, opaque
+    readonly property alias spokenReadings: readout.spokenReadings
     readonly property real room: root.width - 2 * Theme.padding - dot.width - Theme.space6
-    readonly property real readingsWidth: (time.visible ? time.implicitWidth + Theme.space6 : 0) + (readings.width > 0 ? readings.width + Theme.space10 : 0)
-    readonly property bool showsUnit: titleText.implicitWidth + root.readingsWidth + Theme.space12 + unitText.implicitWidth <= root.room
+    readonly property bool showsUnit: titleText.implicitWidth + readout.contentWidth + Theme.space12 + unitText.implicitWidth <= root.room
 
     implicitHeight: Theme.scaled(20)
 
@@ -39,7 +38,7 @@ Item {
         anchors.left: dot.right
         anchors.leftMargin: Theme.space6
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.max(0, Math.min(Math.ceil(implicitWidth), root.room - root.readingsWidth))
+        width: Math.max(0, Math.min(Math.ceil(implicitWidth), root.room - readout.contentWidth))
         visible: width > Theme.space12
         text: root.title
         textStyle: Theme.caption
@@ -48,50 +47,32 @@ Item {
         Accessible.ignored: true
     }
 
-    Item {
+    ChartReadout {
         id: readout
 
         anchors.left: titleText.visible ? titleText.right : dot.right
         anchors.right: parent.right
         anchors.rightMargin: Theme.padding
         height: parent.height
-        clip: true
-
-        Label {
-            id: time
-
-            x: Theme.space6
-            anchors.verticalCenter: parent.verticalCenter
-            visible: root.timeLabel !== ""
-            text: root.timeLabel
-            textStyle: Theme.caption
-            font.weight: Font.DemiBold
-            isTabular: true
-            color: Theme.textSecondary
-        }
-
-        Row {
-            id: readings
-
-            x: (time.visible ? time.x + time.width : 0) + Theme.space10
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: Theme.space10
-
-            Repeater {
-                model: root.names.length
-
-                ChartReading {
-                    required property int index
-
-                    name: root.names[index] ?? ""
-                    nameColor: Theme.named(root.colors[index] ?? 0)
-                    value: root.values[index] ?? ""
-                }
-            }
-        }
+        rows: root.rows
+        row: root.row
+        showsTime: root.showsTime
+        numberFont: Theme.caption.tabularFont
+        nameFont: Theme.caption2.font
+        timeColor: Theme.textSecondary
+        valueColor: Theme.text
+        groundColor: root.groundColor
+        lineTop: titleText.y + Theme.caption.rise
+        timeGap: Theme.space6
+        readingGap: Theme.space10
+        valueGap: Theme.space4
+        nameMaximum: Theme.readingNameMaximum
+        Accessible.role: Accessible.StaticText
+        Accessible.name: readout.timeLabel
+        Accessible.ignored: readout.timeLabel === ""
 
         FadeEdge {
-            visible: readings.x + readings.width > readout.width
+            visible: readout.contentWidth > readout.width
             groundColor: root.groundColor
         }
     }

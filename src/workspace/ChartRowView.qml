@@ -8,15 +8,12 @@ Item {
     id: root
 
     required property ChartRowsModel rows
+    required property int index
     required property string title
     required property int rowColor
     required property string unit
     required property bool showsTime
     required property var content
-    required property var dots
-    required property list<string> readingNames
-    required property list<int> readingColors
-    required property list<string> readingValues
     required property real dragStart
     required property real dragEnd
     readonly property bool isDragged: drag.active
@@ -32,7 +29,7 @@ Item {
 
     Accessible.role: Accessible.Chart
     Accessible.name: root.title
-    Accessible.description: Array.from(root.readingNames).map((name, index) => name + " " + root.readingValues[index]).join(", ")
+    Accessible.description: header.spokenReadings
 
     Rectangle {
         anchors.fill: parent
@@ -51,13 +48,12 @@ Item {
 
         y: Theme.space2
         width: root.width
+        rows: root.rows
+        row: root.index
         title: root.title
         rowColor: root.rowColor
         unit: root.unit
-        timeLabel: root.showsTime ? root.rows.timeLabel : ""
-        names: root.readingNames
-        colors: root.readingColors
-        values: root.readingValues
+        showsTime: root.showsTime
         groundColor: rowHover.hovered ? Qt.tint(Theme.content, root.hoverColor) : Theme.content
     }
 
@@ -73,9 +69,7 @@ Item {
         gridColor: Theme.gridLine
         labelColor: Theme.textTertiary
         labelFont: Theme.caption2.tabularFont
-        cursorSeconds: root.rows.hoveredSeconds
         cursorColor: Qt.alpha(Theme.textSecondary, 0.35)
-        dots: root.dots
         dragStart: root.dragStart
         dragEnd: root.dragEnd
         dragColor: Qt.alpha(Theme.blue, 0.15)
@@ -83,9 +77,14 @@ Item {
         HoverHandler {
             id: hover
 
+            property point lastPosition: Qt.point(-1, -1)
             readonly property bool isOverPlot: hover.hovered && plot.containsX(hover.point.position.x)
 
+            // A pointer that rests is reported again with every frame; the keys may have moved the cursor on.
             onPointChanged: {
+                if (hover.point.scenePosition === hover.lastPosition)
+                    return;
+                hover.lastPosition = hover.point.scenePosition;
                 const seconds = plot.secondsAt(hover.point.position.x);
                 if (hover.isOverPlot && !isNaN(seconds))
                     root.rows.hoverAt(seconds);
@@ -113,5 +112,11 @@ Item {
                     root.dragged(start, end);
             }
         }
+    }
+
+    ChartRowCursor {
+        rows: root.rows
+        row: root.index
+        overlay: plot.overlay
     }
 }

@@ -4,29 +4,26 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace ospra {
 
-namespace {
-
-QList<int> readingColors(const std::vector<HoverRow>& readings)
+ChartRowsModel::ChartRowsModel(QObject* parent) : ModelList(parent)
 {
-    QList<int> colors;
-    for (const HoverRow& reading : readings)
-        colors.append(static_cast<int>(reading.color));
-    return colors;
+    QAccessible::installActivationObserver(this);
 }
 
-QStringList texts(const std::vector<HoverRow>& readings, std::string HoverRow::* text)
+ChartRowsModel::~ChartRowsModel()
 {
-    QStringList list;
-    for (const HoverRow& reading : readings)
-        list.append(toQString(reading.*text));
-    return list;
+    QAccessible::removeActivationObserver(this);
 }
 
-} // namespace
+void ChartRowsModel::accessibilityActiveChanged(bool active)
+{
+    if (active)
+        emit hoverChanged(0, rowCount() - 1);
+}
 
 void ChartRowsModel::follow(const OspraModel& model)
 {
@@ -52,7 +49,8 @@ void ChartRowsModel::setPalette(const QList<QColor>& colors)
     for (std::size_t index = 0; index < m_palette.size() && std::ssize(colors) > std::ptrdiff_t(index); ++index)
         m_palette[index] = colors[qsizetype(index)].rgb() & 0xffffff;
     emit paletteChanged();
-    refresh(0, rowCount() - 1, {ContentRole, DotsRole});
+    refresh(0, rowCount() - 1, {ContentRole});
+    emit hoverChanged(0, rowCount() - 1);
 }
 
 bool ChartRowsModel::hasSeries() const
@@ -89,6 +87,33 @@ QString ChartRowsModel::timeLabel() const
     return toQString(hoveredTimeLabel(source()->tracks(), source()->hoveredSeconds()).value_or(std::string{}));
 }
 
+const std::vector<HoverRow>& ChartRowsModel::readings(int row) const
+{
+    static const std::vector<HoverRow> nothing;
+    return row >= 0 && row < rowCount() ? m_readings[static_cast<std::size_t>(row)] : nothing;
+}
+
+PlotDots ChartRowsModel::dots(int row) const
+{
+    return row >= 0 && row < rowCount() ? rowDots(m_rows[static_cast<std::size_t>(row)], *source(), m_palette)
+                                        : PlotDots{};
+}
+
+qreal ChartRowsModel::moveCursor(Step step)
+{
+    constexpr qreal nothing = std::numeric_limits<qreal>::quiet_NaN();
+    if (!source() || source()->tracks().empty())
+        return nothing;
+    const std::vector<double>& elapsed = source()->tracks().front().elapsed;
+    const TimeRange shown = source()->displayRange();
+    const std::optional<double> before = source()->hoveredSeconds();
+    const std::optional<double> next = stepCursor(elapsed, shown, before, static_cast<CursorStep>(step));
+    if (!next)
+        return nothing;
+    source()->setHoveredSeconds(next);
+    return before && *before >= shown.lo && *before <= shown.hi ? *before : hoveredSeconds();
+}
+
 int ChartRowsModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
@@ -99,17 +124,12 @@ QVariant ChartRowsModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const ChartRow& row = m_rows[static_cast<std::size_t>(index.row())];
-    const std::vector<HoverRow>& readings = m_readings[static_cast<std::size_t>(index.row())];
     switch (role) {
     case TitleRole: return toQString(rowTitle(row));
     case ColorRole: return static_cast<int>(rowColor(row));
     case UnitRole: return toQString(rowUnit(row, source()->units()));
     case ShowsTimeRole: return row == ChartRow{.kind = ChartRow::Kind::series, .series = DataSeries::elevation};
     case ContentRole: return QVariant::fromValue(rowContent(row, *source(), m_palette));
-    case DotsRole: return QVariant::fromValue(rowDots(row, *source(), m_palette));
-    case ReadingNamesRole: return texts(readings, &HoverRow::name);
-    case ReadingColorsRole: return QVariant::fromValue(readingColors(readings));
-    case ReadingValuesRole: return texts(readings, &HoverRow::value);
     default: return {};
     }
 }
@@ -120,11 +140,7 @@ QHash<int, QByteArray> ChartRowsModel::roleNames() const
             {ColorRole, "rowColor"},
             {UnitRole, "unit"},
             {ShowsTimeRole, "showsTime"},
-            {ContentRole, "content"},
-            {DotsRole, "dots"},
-            {ReadingNamesRole, "readingNames"},
-            {ReadingColorsRole, "readingColors"},
-            {ReadingValuesRole, "readingValues"}};
+            {ContentRole, "content"}};
 }
 
 /// Takes out the rows that are off now and puts in those that are new, so that the others keep their pictures.
@@ -153,26 +169,22 @@ void ChartRowsModel::updateRows()
 void ChartRowsModel::updateContents()
 {
     updateRows();
-    updateReadings(0, rowCount() - 1);
-    refresh(0, rowCount() - 1,
-            {UnitRole, ContentRole, DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
+    refresh(0, rowCount() - 1, {UnitRole, ContentRole});
+    updateHoverIn(0, rowCount() - 1);
 }
 
 void ChartRowsModel::updateHover()
 {
-    const int first = std::max(m_firstOnScreen, 0);
-    const int last = std::min(m_lastOnScreen, rowCount() - 1);
-    updateReadings(first, last);
-    refresh(first, last, {DotsRole, ReadingNamesRole, ReadingColorsRole, ReadingValuesRole});
-    emit hoveredSecondsChanged();
+    updateHoverIn(std::max(m_firstOnScreen, 0), std::min(m_lastOnScreen, rowCount() - 1));
 }
 
-void ChartRowsModel::updateReadings(int first, int last)
+void ChartRowsModel::updateHoverIn(int first, int last)
 {
     for (int row = first; row <= last; ++row) {
         const auto index = static_cast<std::size_t>(row);
         m_readings[index] = rowReadings(m_rows[index], *source());
     }
+    emit hoverChanged(first, last);
 }
 
 void ChartRowsModel::refresh(int first, int last, const QList<int>& roles)

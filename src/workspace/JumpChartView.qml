@@ -6,8 +6,8 @@ import Ospra.Theme
 import Ospra.Workspace
 
 /// The column of charts, one row for each series that is on, all over the same time. A cursor and a selection in one
-/// row are in all of them.
-Item {
+/// row are in all of them. Both can be moved by keys, from where the pointer left them.
+T.Control {
     id: root
 
     required property OspraModel source
@@ -20,8 +20,48 @@ Item {
         root.dragEnd = NaN;
     }
 
+    /// Zooms to what is selected, if anything is.
+    function zoomToSelection() {
+        if (!isNaN(root.dragStart) && !isNaN(root.dragEnd))
+            root.source.zoomToDrag(root.dragStart, root.dragEnd);
+        root.clearDrag();
+    }
+
+    focusPolicy: chartRows.hasSeries ? Qt.StrongFocus : Qt.NoFocus
+    Accessible.role: Accessible.Grouping
+    Accessible.name: qsTr("Charts")
+    Accessible.focusable: true
+    Keys.onPressed: event => event.accepted = keys.press(event.key, event.modifiers)
+    onActiveFocusChanged: if (!root.activeFocus) root.clearDrag()
     // What is dragged over is gone while another jump is loaded.
     onVisibleChanged: if (!root.visible) root.clearDrag()
+
+    TapHandler {
+        onTapped: root.forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    Connections {
+        target: root.source
+
+        function onZoomChanged() {
+            root.clearDrag();
+        }
+    }
+
+    ChartKeys {
+        id: keys
+
+        rows: chartRows
+        selectionStart: root.dragStart
+        selectionEnd: root.dragEnd
+        onSelected: (start, end) => {
+            root.dragStart = start;
+            root.dragEnd = end;
+        }
+        onZoomed: root.zoomToSelection()
+        onDropped: root.clearDrag()
+        onScrolled: pages => flickable.contentY = Math.max(0, Math.min(flickable.contentY + pages * flickable.height, flickable.contentHeight - flickable.height))
+    }
 
     EmptyState {
         anchors.fill: parent
@@ -68,14 +108,16 @@ Item {
                         root.dragStart = start;
                         root.dragEnd = end;
                     }
-                    onDragFinished: {
-                        if (!isNaN(root.dragStart) && !isNaN(root.dragEnd))
-                            root.source.zoomToDrag(root.dragStart, root.dragEnd);
-                        root.clearDrag();
-                    }
+                    onDragFinished: root.zoomToSelection()
                 }
             }
         }
+    }
+
+    FocusRing {
+        control: root
+        anchors.margins: 0
+        controlRadius: -reach
     }
 
     ChartRowsModel {

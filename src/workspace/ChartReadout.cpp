@@ -2,7 +2,6 @@
 
 #include "core/text.h"
 
-#include <QAccessible>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QQuickWindow>
@@ -57,7 +56,7 @@ void ChartReadout::followHover(int first, int last)
 void ChartReadout::readAgain()
 {
     polish();
-    if (QAccessible::isActive())
+    if (m_rows && m_rows->hasReader())
         emit spokenChanged();
 }
 
@@ -128,7 +127,7 @@ qreal ChartReadout::widthOfAll() const
 {
     qreal width = m_time.isEmpty() ? 0.0 : m_timeGap + m_time.width();
     for (const Reading& reading : m_readings)
-        width += m_readingGap + reading.name.width() + m_valueGap + reading.value.width();
+        width += m_readingGap + reading.nameWidth() + m_valueGap + reading.value.width();
     return width;
 }
 
@@ -153,9 +152,10 @@ QImage ChartReadout::picture() const
                      static_cast<int>(std::ceil(height() * scale)));
     if (size.isEmpty())
         return {};
-    QImage image(size, QImage::Format_RGB32);
+    // On a ground that is not opaque glyphs are blended as the scene graph blends those of its texts.
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
-    image.fill(m_groundColor);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
     const qreal baseline = m_lineTop + QFontMetricsF(m_valueFont).ascent();
     qreal x = 0.0;
@@ -168,7 +168,7 @@ QImage ChartReadout::picture() const
         x += m_readingGap;
         painter.setPen(reading.color);
         reading.name.paint(painter, {x, baseline});
-        x += reading.name.width() + m_valueGap;
+        x += reading.nameWidth() + m_valueGap;
         painter.setPen(m_valueColor);
         reading.value.paint(painter, {x, baseline});
         x += reading.value.width();
@@ -190,7 +190,7 @@ QSGNode* ChartReadout::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*
         m_textureIsOld = true;
     }
     if (std::exchange(m_textureIsOld, false))
-        node->setTexture(window()->createTextureFromImage(m_image, QQuickWindow::TextureIsOpaque));
+        node->setTexture(window()->createTextureFromImage(m_image, QQuickWindow::TextureHasAlphaChannel));
     // On whole device pixels, where the picture is as sharp as it was painted.
     const qreal scale = m_image.devicePixelRatio();
     const QPointF corner = mapToScene(QPointF());

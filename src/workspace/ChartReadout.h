@@ -10,6 +10,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 
+#include <cmath>
 #include <vector>
 
 namespace ospra {
@@ -28,7 +29,6 @@ class ChartReadout : public QQuickItem {
     Q_PROPERTY(QFont nameFont MEMBER m_nameFont NOTIFY lookChanged)
     Q_PROPERTY(QColor timeColor MEMBER m_timeColor NOTIFY lookChanged)
     Q_PROPERTY(QColor valueColor MEMBER m_valueColor NOTIFY lookChanged)
-    Q_PROPERTY(QColor groundColor MEMBER m_groundColor NOTIFY lookChanged)
     Q_PROPERTY(qreal lineTop MEMBER m_lineTop NOTIFY lookChanged)
     Q_PROPERTY(qreal timeGap MEMBER m_timeGap NOTIFY lookChanged)
     Q_PROPERTY(qreal readingGap MEMBER m_readingGap NOTIFY lookChanged)
@@ -71,6 +71,8 @@ private:
         LaidOutText name{};
         LaidOutText value{};
         QColor color{};
+
+        [[nodiscard]] qreal nameWidth() const { return std::ceil(name.width()); }
     };
 
     void readAgain();
@@ -90,8 +92,7 @@ private:
     QFont m_jumperFont; // the name font, likewise
     QColor m_timeColor = Qt::black;
     QColor m_valueColor = Qt::black;
-    QColor m_groundColor = Qt::white; // opaque: what lies below, so that the glyphs' edges come out as on any ground
-    qreal m_lineTop = 0.0;            // above the glyphs
+    qreal m_lineTop = 0.0; // above the glyphs
     qreal m_timeGap = 0.0;
     qreal m_readingGap = 0.0;
     qreal m_valueGap = 0.0;

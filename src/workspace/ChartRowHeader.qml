@@ -61,7 +61,6 @@ Item {
         nameFont: Theme.caption2.font
         timeColor: Theme.textSecondary
         valueColor: Theme.text
-        groundColor: root.groundColor
         lineTop: titleText.y + Theme.caption.rise
         timeGap: Theme.space6
         readingGap: Theme.space10

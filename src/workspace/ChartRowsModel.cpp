@@ -21,6 +21,7 @@ ChartRowsModel::~ChartRowsModel()
 
 void ChartRowsModel::accessibilityActiveChanged(bool active)
 {
+    m_hasReader = active;
     if (active)
         emit hoverChanged(0, rowCount() - 1);
 }

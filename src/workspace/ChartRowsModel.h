@@ -58,6 +58,8 @@ public:
     /// What a row reads there, and the dots on its lines; nothing for a row that there is not.
     [[nodiscard]] const std::vector<HoverRow>& readings(int row) const;
     [[nodiscard]] PlotDots dots(int row) const;
+    /// Whether a screen reader wants to know of changes.
+    [[nodiscard]] bool hasReader() const { return m_hasReader; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -100,6 +102,7 @@ private:
     void updateHoverIn(int first, int last);
     void refresh(int first, int last, const QList<int>& roles);
 
+    bool m_hasReader = QAccessible::isActive();
     QList<QColor> m_colors;
     ChartPalette m_palette{};
     int m_firstOnScreen = 0;

@@ -27,7 +27,8 @@ T.Control {
         root.clearDrag();
     }
 
-    focusPolicy: chartRows.hasSeries ? Qt.StrongFocus : Qt.NoFocus
+    enabled: chartRows.hasSeries // without charts there is nothing for the keys
+    focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Grouping
     Accessible.name: qsTr("Charts")
     Accessible.focusable: true

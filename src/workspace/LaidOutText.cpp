@@ -24,7 +24,7 @@ bool LaidOutText::set(const QString& text, const QFont& font, qreal widest)
         if (line.isValid())
             line.setNumColumns(static_cast<int>(shown.size()));
         layout.endLayout();
-        m_width = line.isValid() ? std::ceil(line.naturalTextWidth()) : 0.0;
+        m_width = line.isValid() ? line.naturalTextWidth() : 0.0;
         m_ascent = line.isValid() ? line.ascent() : 0.0;
         m_glyphs = layout.glyphRuns();
     };

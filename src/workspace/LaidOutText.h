@@ -19,7 +19,7 @@ public:
     bool set(const QString& text, const QFont& font, qreal widest);
 
     [[nodiscard]] bool isEmpty() const { return m_text.isEmpty(); }
-    /// Whole logical pixels, as texts in a view have them.
+    /// In logical pixels, not rounded.
     [[nodiscard]] qreal width() const { return m_width; }
 
     /// Paints it in the painter's pen.

@@ -40,7 +40,8 @@ def go_round(program):
         expect(stop not in stops, f"the way round does not come back to {stop} early")
         stops.append(stop)
     names = [name for _, name, _ in stops]
-    wanted = ["Folders", "Data Series", "All", "FF+Canopy", "Freefall", "Canopy", "Me", "Jonas", "Maya", "Map"]
+    wanted = ["Folders", "Data Series", "All", "FF+Canopy", "Freefall", "Canopy", "Me", "Jonas", "Maya", "Charts",
+              "Map"]
     expect_equal([name for name in names if name in wanted], wanted, "stops in their order")
     expect_equal(len([name for name in names if name.startswith("Exit ")]), 3, "bars with a stop")
     back = press_for_focus(program, "shift+Tab")

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace ospra {
 namespace {
 
@@ -77,21 +79,42 @@ TEST_F(ChartRows, drawThePrimaryOnTopAndCompanionsFainter)
     EXPECT_DOUBLE_EQ(distances.lines[1].opacity, 0.7 * 0.85);
 }
 
-TEST_F(ChartRows, aHoverChangesReadingsAndDotsButNoLine)
+TEST_F(ChartRows, aHoverChangesReadingsAndDotsButNoDataOfTheList)
 {
-    QList<int> changed;
-    QObject::connect(&rows, &QAbstractItemModel::dataChanged,
-                     [&changed](const QModelIndex&, const QModelIndex&, const QList<int>& roles) { changed += roles; });
+    const QSignalSpy data(&rows, &QAbstractItemModel::dataChanged);
+    QSignalSpy hovers(&rows, &ChartRowsModel::hoverChanged);
     rows.hoverAt(model.displayRange().lo + 10.0);
-    EXPECT_EQ(valueOf(rows, 0, "readingNames").toStringList(), (QStringList{"Me", "friend"}));
-    EXPECT_EQ(valueOf(rows, 0, "dots").value<PlotDots>().list.size(), 2);
-    EXPECT_EQ(valueOf(rows, 2, "dots").value<PlotDots>().list.size(), 4);
+    ASSERT_EQ(rows.readings(0).size(), 2u);
+    EXPECT_EQ(rows.readings(0)[0].name, "Me");
+    EXPECT_EQ(rows.readings(0)[1].name, "friend");
+    EXPECT_EQ(rows.dots(0).list.size(), 2);
+    EXPECT_EQ(rows.dots(2).list.size(), 4);
     EXPECT_EQ(rows.timeLabel(), "T+10s");
-    EXPECT_FALSE(changed.isEmpty());
-    EXPECT_FALSE(changed.contains(rows.roleNames().key("content")));
+    EXPECT_EQ(hovers.takeFirst(), (QVariantList{0, 2}));
     rows.hoverNothing();
-    EXPECT_TRUE(valueOf(rows, 0, "readingNames").toStringList().isEmpty());
-    EXPECT_TRUE(valueOf(rows, 0, "dots").value<PlotDots>().list.isEmpty());
+    EXPECT_TRUE(rows.readings(0).empty());
+    EXPECT_TRUE(rows.dots(0).list.isEmpty());
+    EXPECT_EQ(data.count(), 0);
+    for (const int row : {-1, 3}) {
+        EXPECT_TRUE(rows.readings(row).empty());
+        EXPECT_TRUE(rows.dots(row).list.isEmpty());
+    }
+}
+
+TEST_F(ChartRows, moveTheCursorAndTellWhereASelectionBegins)
+{
+    const TimeRange shown = model.displayRange();
+    const auto& elapsed = model.tracks().front().elapsed;
+    const auto first = std::ranges::lower_bound(elapsed, shown.lo);
+    EXPECT_DOUBLE_EQ(rows.moveCursor(ChartRowsModel::Forward), *first) << "where it stands now";
+    EXPECT_DOUBLE_EQ(rows.moveCursor(ChartRowsModel::Forward), *first) << "where it stood";
+    EXPECT_DOUBLE_EQ(rows.hoveredSeconds(), *(first + 1));
+    rows.hoverAt(elapsed.front());
+    ASSERT_LT(elapsed.front(), shown.lo);
+    const double start = rows.moveCursor(ChartRowsModel::Back);
+    EXPECT_DOUBLE_EQ(start, rows.hoveredSeconds()) << "the one before is out of sight";
+    EXPECT_LE(rows.hoveredSeconds(), shown.hi);
+    EXPECT_GT(rows.hoveredSeconds(), shown.hi - 1.0);
 }
 
 TEST_F(ChartRows, offerTheZoomsOfTheFirstTracksPhases)

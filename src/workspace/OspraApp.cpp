@@ -9,7 +9,6 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QOpenGLContext>
-#include <QQuickStyle>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QtQml/QQmlExtensionPlugin>
@@ -106,7 +105,6 @@ void prepareApplication()
     QGuiApplication::setDesktopFileName(QStringLiteral("ospra"));
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
 }
 
 OspraApp::OspraApp()

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QQuickStyle>
 
 #include <gtest/gtest.h>
 
@@ -9,7 +8,6 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     if (testing::GTEST_FLAG(list_tests)) // asked by the build, which has no display
         return RUN_ALL_TESTS();
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

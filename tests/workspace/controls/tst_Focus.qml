@@ -44,6 +44,15 @@ Item {
             options: ["One", "Two"]
             currentIndex: 0
         }
+
+        CopyTarget {
+            id: number
+
+            width: 60
+            height: 20
+            copyText: "4321"
+            Accessible.name: "Height 4321"
+        }
     }
 
     TestCase {
@@ -65,6 +74,27 @@ Item {
             mouseClick(toggle);
             verify(toggle.activeFocus);
             verify(!root.ringOf(toggle).visible);
+        }
+
+        function test_theRingOfAnItemThatIsNoControl() {
+            segments.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Tab);
+            verify(number.activeFocus);
+            verify(root.ringOf(number).visible);
+            keyClick(Qt.Key_Backtab);
+            verify(!root.ringOf(number).visible);
+            mouseClick(number);
+            verify(number.activeFocus);
+            verify(!root.ringOf(number).visible);
+            keyClick(Qt.Key_Backtab);
+            // Pressed elsewhere and not let go over it, it does not get the focus.
+            mousePress(number);
+            mouseMove(number, 300, 100);
+            mouseRelease(number, 300, 100);
+            verify(!number.activeFocus);
+            keyClick(Qt.Key_Tab);
+            verify(root.ringOf(number).visible);
+            compare(number.Accessible.role, Accessible.StaticText);
         }
 
         function test_spaceAndReturnPress() {

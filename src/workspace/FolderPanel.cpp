@@ -4,6 +4,9 @@
 #include <QGuiApplication>
 #include <QWindow>
 
+#include <functional>
+#include <utility>
+
 namespace ospra {
 
 FolderPanel::~FolderPanel()
@@ -41,7 +44,7 @@ void FolderPanel::ask(const QString& message, const QString& confirm, Operation 
         QFileDialog* dialog = std::exchange(m_dialog, nullptr);
         dialog->deleteLater();
         if (result == QDialog::Accepted && !dialog->selectedFiles().isEmpty() && m_source)
-            (m_source->*operation)(QFile::encodeName(dialog->selectedFiles().constFirst()).toStdString());
+            std::invoke(operation, m_source, QFile::encodeName(dialog->selectedFiles().constFirst()).toStdString());
     });
     m_dialog->winId(); // makes the native window, so that it can stand above ours
     if (m_dialog->windowHandle())

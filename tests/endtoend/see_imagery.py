@@ -1,42 +1,11 @@
 """Imagery under the paths: it comes from a tile server, says whose it is, and may stay away at any time."""
 
-import json
 import os
-import subprocess
 
 from driver import samples, screen, sidebar
 from driver.program import Program
+from driver.tiles import TileServer, list_sources
 from driver.waiting import expect, expect_equal, wait_for
-
-
-class TileServer:
-    """Map tiles of an invented country, from this machine."""
-
-    def __enter__(self):
-        self._process = subprocess.Popen([f"{samples.BIN}/tile-server"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                         text=True)
-        self.address = self._process.stdout.readline().strip()
-        return self
-
-    def __exit__(self, *_):
-        self._process.kill()
-        self._process.communicate()
-
-    def stop(self):
-        """Ends it, and gives the number of requests that it has had."""
-        answer, _ = self._process.communicate()
-        return int(answer)
-
-
-def list_sources(address):
-    sources = [
-        {"id": "painted", "kind": "imagery", "address": address + "/imagery/{z}/{x}/{y}.jpg", "nativeZoom": 19,
-         "attribution": "Painted ground", "attributionLink": "https://example.org"},
-        {"id": "invented", "kind": "vector", "address": address + "/vector/{z}/{x}/{y}", "nativeZoom": 14,
-         "tileSize": 512, "attribution": "Invented roads"},
-    ]
-    with open(f"{os.environ['XDG_DATA_HOME']}/ospra/map-sources.json", "w", encoding="ascii") as file:
-        json.dump({"sources": sources}, file)
 
 
 def color_count(program):

@@ -58,14 +58,22 @@ class Program:
     def terminate(self):
         self._process.send_signal(signal.SIGTERM)
 
-    def await_end(self):
+    @property
+    def process_id(self):
+        return self._process.pid
+
+    def complaints(self):
+        """What it has said so far."""
+        self._complaints.seek(0)
+        return self._complaints.read()
+
+    def await_end(self, seconds=PATIENCE):
         """It ends by itself. Gives its code and its complaints."""
         try:
-            self._process.wait(PATIENCE)
+            self._process.wait(seconds)
         except subprocess.TimeoutExpired as error:
             raise StoryFailed("the program does not end") from error
-        self._complaints.seek(0)
-        return self._process.returncode, self._complaints.read()
+        return self._process.returncode, self.complaints()
 
     def expect_end(self):
         """It ends by itself, with the code of success and without a word of complaint."""

@@ -43,6 +43,16 @@ def release():
     _xdotool("mouseup", 1)
 
 
+def roll(steps):
+    """Turns the wheel, away from the user where negative."""
+    if steps:
+        _xdotool("click", "--repeat", abs(steps), "--delay", 5, 5 if steps > 0 else 4)
+
+
+def resize_window(name, width, height):
+    _xdotool("search", "--onlyvisible", "--name", f"^{name}$", "windowsize", width, height)
+
+
 class Picture:
     """A part of the screen as colours."""
 

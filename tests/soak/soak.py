@@ -10,6 +10,7 @@ from driver import samples, screen
 from driver.nodes import Atspi
 from driver.program import Program, leave_traces
 from driver.tiles import TileServer, list_sources
+from driver.waiting import expect
 from hands import Hands
 from rest import Rest, steady
 
@@ -93,8 +94,8 @@ def main():
         rest = Rest(program)
         use(minutes * 60, hands, disk, Servers(server_rng, servers), rng, rest)
         screen.key("ctrl+q")
-        program.await_end(180)
-        complaints = program.complaints()
+        code, complaints = program.await_end(180)
+        expect(code == 0, f"the program ends well, not with {code}\n" + complaints[-8000:])
     rest.see_level()
     tell(seed, minutes, hands, rest)
 

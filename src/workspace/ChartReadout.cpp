@@ -157,20 +157,23 @@ QImage ChartReadout::picture() const
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    const qreal baseline = m_lineTop + QFontMetricsF(m_valueFont).ascent();
+    // Each text begins on a whole device pixel, as it does in an item of its own.
+    const auto place = [scale, baseline = m_lineTop + QFontMetricsF(m_valueFont).ascent()](qreal left) {
+        return QPointF(std::round(left * scale), std::round(baseline * scale)) / scale;
+    };
     qreal x = 0.0;
     if (!m_time.isEmpty()) {
         painter.setPen(m_timeColor);
-        m_time.paint(painter, {m_timeGap, baseline});
+        m_time.paint(painter, place(m_timeGap));
         x = m_timeGap + m_time.width();
     }
     for (const Reading& reading : m_readings) {
         x += m_readingGap;
         painter.setPen(reading.color);
-        reading.name.paint(painter, {x, baseline});
+        reading.name.paint(painter, place(x));
         x += reading.nameWidth() + m_valueGap;
         painter.setPen(m_valueColor);
-        reading.value.paint(painter, {x, baseline});
+        reading.value.paint(painter, place(x));
         x += reading.value.width();
     }
     return image;

@@ -77,19 +77,23 @@ Item {
         HoverHandler {
             id: hover
 
-            property point lastPosition: Qt.point(-1, -1)
+            property real lastSeconds: NaN // that the pointer has stood at
             readonly property bool isOverPlot: hover.hovered && plot.containsX(hover.point.position.x)
 
-            // A pointer that rests is reported again with every frame; the keys may have moved the cursor on.
-            onPointChanged: {
-                if (hover.point.scenePosition === hover.lastPosition)
+            // A pointer that rests is reported again with frames; the keys may have moved the cursor on.
+            function follow() {
+                const seconds = hover.isOverPlot ? plot.secondsAt(hover.point.position.x) : NaN;
+                if (isNaN(seconds) || seconds === hover.lastSeconds)
                     return;
-                hover.lastPosition = hover.point.scenePosition;
-                const seconds = plot.secondsAt(hover.point.position.x);
-                if (hover.isOverPlot && !isNaN(seconds))
-                    root.rows.hoverAt(seconds);
+                hover.lastSeconds = seconds;
+                root.rows.hoverAt(seconds);
             }
-            onIsOverPlotChanged: if (!hover.isOverPlot) root.rows.hoverNothing()
+
+            onPointChanged: hover.follow()
+            onIsOverPlotChanged: {
+                hover.lastSeconds = NaN;
+                hover.isOverPlot ? hover.follow() : root.rows.hoverNothing();
+            }
         }
 
         DragHandler {

@@ -77,6 +77,11 @@ TEST_F(ChartKeys, goOnFromWhereThePointerStands)
     EXPECT_GT(moved, pointed);
     QTest::qWait(100); // frames in which the pointer rests
     EXPECT_EQ(model.hoveredSeconds(), moved);
+
+    QTest::mouseMove(window, QPoint(20, 300));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !model.hoveredSeconds(); }));
+    QTest::mouseMove(window, pointIn(plots()[1], 0.5));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model.hoveredSeconds() == pointed; })) << "back at the same place";
 }
 
 TEST_F(ChartKeys, selectWithShiftAndZoomWithReturn)

@@ -135,6 +135,21 @@ def drag_zoom(program):
     expect_equal(read(program, *start)["Me"], at_start, "read-out after the way back")
 
 
+def keys(program):
+    """A click gives the charts the keys, which then read and zoom without the pointer."""
+    screen.press(*place(chart(program), 0.5))
+    screen.release()
+    rest_pointer(program)
+    screen.key("Home")
+    early = wait_for(lambda: chart(program).description, "a read-out at the start")
+    screen.key("shift+ctrl+Right")
+    wait_for(lambda: chart(program).description not in ("", early), "a read-out further on")
+    screen.key("Return")
+    wait_for(lambda: program.window.find("push-button", "All").has("checked"), "a zoom that is of no phase")
+    screen.key("Escape")
+    wait_for(lambda: not chart(program).description, "the cursor to go")
+
+
 def main():
     folder = samples.make()
     samples.remember(f"{folder}/Logbook", *samples.companions(folder))
@@ -144,6 +159,7 @@ def main():
         pictures(program)
         paths(program)
         drag_zoom(program)
+        keys(program)
 
 
 if __name__ == "__main__":

@@ -5,9 +5,6 @@
 #include <QPointF>
 #include <QTextLayout>
 
-#include <algorithm>
-#include <cmath>
-
 namespace ospra {
 
 bool LaidOutText::set(const QString& text, const QFont& font, qreal widest)

@@ -11,6 +11,9 @@ FocusScope {
     required property OspraModel source
     required property WindowCommands commands
 
+    // The menus show their letters then.
+    property bool isAltHeld: false
+
     /// Puts the keyboard on the welcome screen's button, unless it stands somewhere already: in a list, a menu, an alert.
     function welcome() {
         const focused = root.Window.activeFocusItem;
@@ -26,6 +29,15 @@ FocusScope {
     Keys.onDownPressed: root.source.selectNextJump()
     Keys.onUpPressed: root.source.selectPreviousJump()
     Keys.onSpacePressed: root.source.toggleDefaultZoom()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Alt)
+            root.isAltHeld = true;
+    }
+    Keys.onReleased: event => {
+        if (event.key === Qt.Key_Alt)
+            root.isAltHeld = false;
+    }
+    onActiveFocusChanged: if (!root.activeFocus) root.isAltHeld = false
 
     Connections {
         target: root.source

@@ -26,6 +26,7 @@ ApplicationWindow {
         commands: windowCommands
         windows: smallWindows
         updates: root.updates
+        showsLetters: content.isAltHeld
     }
 
     WindowCommands {
@@ -49,6 +50,8 @@ ApplicationWindow {
     }
 
     ContentView {
+        id: content
+
         objectName: "content"
         anchors.fill: parent
         focus: true

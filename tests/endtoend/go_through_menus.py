@@ -41,6 +41,16 @@ def focused_entry(program):
 
 
 def see_letters(program):
+    """While Alt is held the titles tell their letters."""
+    x, y, width, height = program.window.find("menu-bar").extents
+    at_rest = screen.Picture((x, y, width, height))
+    screen.hold("alt")
+    wait_for(lambda: screen.Picture((x, y, width, height)).changed_box(at_rest), "the letters in the titles")
+    screen.let_go("alt")
+    wait_for(lambda: not screen.Picture((x, y, width, height)).changed_box(at_rest), "the letters to go")
+
+
+def open_by_letters(program):
     for key, title in LETTERS.items():
         screen.key(key)
         await_menu(program, title)
@@ -72,6 +82,7 @@ def main():
         wait_for(lambda: program.window.find("canvas", "Map"), "the map")
         before = sidebar.selected(program)
         see_letters(program)
+        open_by_letters(program)
         walk_menus(program)
         expect_equal(sidebar.selected(program), before, "jump that is selected")
         screen.key("Down")

@@ -14,6 +14,7 @@ Item {
     property int gap: Theme.space6
     property TextStyle textStyle: Theme.body
     property int weight: Font.Medium
+    property alias textFormat: label.textFormat
 
     implicitWidth: row.implicitWidth
     implicitHeight: row.implicitHeight
@@ -33,6 +34,8 @@ Item {
         }
 
         Label {
+            id: label
+
             anchors.verticalCenter: parent.verticalCenter
             visible: root.text !== ""
             text: root.text

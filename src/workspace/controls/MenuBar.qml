@@ -6,13 +6,16 @@ import Ospra.Theme
 T.MenuBar {
     id: root
 
+    // Whether the titles underline the letters that open them with Alt.
+    property bool showsLetters: false
+
     implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
     implicitHeight: Theme.menuBarHeight
     leftPadding: 7
     rightPadding: 7
     verticalPadding: 3
     spacing: Theme.space2
-    delegate: MenuBarItem { }
+    delegate: MenuBarItem { showsLetter: root.showsLetters }
 
     Accessible.role: Accessible.MenuBar
 

@@ -6,6 +6,7 @@ import Ospra.Theme
 T.MenuBarItem {
     id: root
 
+    property bool showsLetter: false
     readonly property Menu ownMenu: root.menu as Menu
     readonly property string iconName: root.ownMenu ? root.ownMenu.iconName : ""
     readonly property string plainText: root.text.replace("&", "")
@@ -35,7 +36,8 @@ T.MenuBarItem {
 
     contentItem: ButtonFace {
         iconName: root.iconName
-        text: root.iconName === "" ? root.plainText : ""
+        text: root.iconName !== "" ? "" : root.showsLetter ? root.text.replace(/&(.)/, "<u>$1</u>") : root.plainText
+        textFormat: root.showsLetter ? Text.StyledText : Text.PlainText
         textColor: Theme.text
         iconColor: Theme.textSecondary
         iconSize: Theme.iconToolbar

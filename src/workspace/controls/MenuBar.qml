@@ -15,7 +15,13 @@ T.MenuBar {
     rightPadding: 7
     verticalPadding: 3
     spacing: Theme.space2
-    delegate: MenuBarItem { showsLetter: root.showsLetters }
+    delegate: MenuBarItem { }
+
+    // A binding in the delegate could not see the bar: the toolkit makes its items in a context of their own.
+    onShowsLettersChanged: {
+        for (let index = 0; index < root.count; ++index)
+            (root.itemAt(index) as MenuBarItem).showsLetter = root.showsLetters;
+    }
 
     Accessible.role: Accessible.MenuBar
 

@@ -5,9 +5,53 @@
 #include <QVersionNumber>
 #include <QXmlStreamReader>
 
+#include <string_view>
+
 namespace ospra {
 
 namespace {
+
+constexpr std::size_t longestTag = 4096; // bytes
+
+/// Where the markup that begins at `from` with a less-than sign ends: behind it, or at the end of the text.
+std::size_t endOfMarkup(std::string_view text, std::size_t from)
+{
+    struct Kind {
+        std::string_view begin;
+        std::string_view end;
+    };
+    for (const auto& [begin, end] : {Kind{"<!--", "-->"}, Kind{"<![CDATA[", "]]>"}, Kind{"<?", "?>"}}) {
+        if (!text.substr(from).starts_with(begin))
+            continue;
+        const std::size_t at = text.find(end, from + begin.size());
+        return at == text.npos ? text.size() : at + end.size();
+    }
+    char quote = 0;
+    for (std::size_t at = from; at < text.size(); ++at) {
+        const char c = text[at];
+        if (quote != 0)
+            quote = c == quote ? '\0' : quote;
+        else if (c == '>')
+            return at + 1;
+        else if (c == '"' || c == '\'')
+            quote = c;
+    }
+    return text.size();
+}
+
+/// Whether a tag is longer than a feed has any use for. The reader compares each attribute of a tag with all others,
+/// which takes it most of a minute where they fill a whole document.
+bool hasEndlessTag(std::string_view text)
+{
+    for (std::size_t at = text.find('<'); at != text.npos; at = text.find('<', at)) {
+        const std::size_t end = endOfMarkup(text, at);
+        const bool isTag = at + 1 < text.size() && text[at + 1] != '!' && text[at + 1] != '?';
+        if (isTag && end - at > longestTag)
+            return true;
+        at = end;
+    }
+    return false;
+}
 
 /// Numbers with dots between them, each short enough for an int.
 bool isVersion(const QString& text)
@@ -65,6 +109,9 @@ std::optional<Release> readFeed(QXmlStreamReader& xml)
 
 std::optional<Release> newestRelease(const QByteArray& feed)
 {
+    const std::string_view text(feed.constData(), static_cast<std::size_t>(feed.size()));
+    if (text.find('\0') != text.npos || hasEndlessTag(text)) // in two bytes a character, tags would not be found
+        return std::nullopt;
     QXmlStreamReader xml(feed);
     return readFeed(xml);
 }

@@ -17,8 +17,8 @@ struct Release {
 };
 
 /// The release with the highest version, in whatever order the feed (RSS 2.0) has them.
-/// @return nothing if the feed is damaged, has a document type (which could define entities that grow without end) or
-///     tells no release
+/// @return nothing if the feed is damaged, is written in more than a byte a character, has a document type (which could
+///     define entities that grow without end) or a tag of more than 4 kB, or tells no release
 [[nodiscard]] std::optional<Release> newestRelease(const QByteArray& feed);
 
 /// Compares part by part as numbers; a part that is left out counts as 0. False if either is no version.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 namespace ospra {
 namespace {
 
@@ -58,6 +60,24 @@ TEST(UpdateFeed, damagedDocumentsAndDocumentTypesAreRefused)
     EXPECT_FALSE(newestRelease("<!DOCTYPE rss><rss>" + item("Ospra 1.0", "https://example.org/") + "</rss>"));
     EXPECT_FALSE(newestRelease("{\"version\": \"1.0\"}"));
     EXPECT_FALSE(newestRelease(QByteArray("<a>").repeated(100'000)));
+}
+
+TEST(UpdateFeed, aTagWithoutEndIsRefusedAtOnce)
+{
+    const QByteArray good = item("Ospra 2.0", "https://example.org/");
+    QByteArray attributes;
+    for (int i = 0; i < 100'000; ++i) // which the reader would compare with each other
+        attributes += " a" + QByteArray::number(i) + "='>'";
+    const QByteArray longText(100'000, 'x');
+    const std::clock_t begin = std::clock();
+    EXPECT_FALSE(newestRelease(feed("<item" + attributes + "/>" + good)));
+    EXPECT_FALSE(newestRelease(feed("<!-- ' --><a/><item" + attributes + "/>" + good)));
+    EXPECT_FALSE(newestRelease(feed("<item" + attributes)));
+    EXPECT_LT(std::clock() - begin, 2 * CLOCKS_PER_SEC) << "of the processor, which took 14 s";
+    for (const QByteArray& text : {"<!--" + longText + "-->", "<![CDATA[" + longText + "]]>", longText,
+                                   "<?x " + longText + "?>", QByteArray("a='").repeated(9'999)}) {
+        EXPECT_TRUE(newestRelease(feed("<description>" + text + "</description>" + good)));
+    }
 }
 
 TEST(UpdateFeed, versionsAreComparedAsNumbers)

@@ -7,7 +7,7 @@ from gi.repository import Gio, GLib
 
 from driver import screen
 from driver.nodes import Atspi
-from driver.waiting import wait_for
+from driver.waiting import StoryFailed, wait_for
 
 KEYS = ["Down", "Up", "space", "Tab", "shift+Tab", "Return", "Escape", "Home", "End", "Left", "Right", "Page_Up",
         "Page_Down", "plus", "minus", "ctrl+1", "ctrl+2", "ctrl+3", "ctrl+r", "ctrl+c", "ctrl+comma"]
@@ -124,11 +124,18 @@ class Hands:
                               "SettingChanged", change)
 
     def _menu(self, title):
+        """Opens a menu. A click closes the one that the pointer has opened on its way, so that it can take another."""
         screen.key("Escape", "Escape")
         item = self._program.window.find("menu-bar").find("menu-item", title)
         left, top, width, height = item.extents
-        screen.click(left + width // 2, top + height // 2)
-        return wait_for(lambda: self._program.window.find("popup-menu", title), f"the menu {title}", 60)
+        for _ in range(5):
+            screen.click(left + width // 2, top + height // 2)
+            try:
+                return wait_for(lambda: self._program.window.find("popup-menu", title), f"the menu {title}", 10)
+            except StoryFailed:
+                screen.hover(1399, 899)
+                screen.key("Escape", "Escape")
+        raise StoryFailed(f"the menu {title} does not open")
 
     def _choose(self, title, pattern):
         """Clicks an item of a menu whose name fits. @return whether there was one"""

@@ -32,6 +32,7 @@ class Disk:
         """Everything as it was made."""
         self._away = None
         for jumper, here in zip(self.jumpers(), self.folders()):
+            shutil.rmtree(here + " elsewhere", ignore_errors=True)
             shutil.rmtree(here, ignore_errors=True)
             shutil.copytree(jumper, here)
 

@@ -4,11 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <limits>
-#include <random>
-#include <set>
-
 namespace ospra {
 
 namespace {
@@ -67,46 +62,7 @@ std::vector<Span> phasesOf(const std::vector<Leg>& legs)
     return phasesIn(fly(legs));
 }
 
-void expectInvariants(const Samples& samples)
-{
-    const std::vector<JumpPhaseRange> ranges = detectPhases(samples);
-    std::set<Uuid> ids;
-    for (std::size_t i = 0; i < ranges.size(); ++i) {
-        ASSERT_GE(ranges[i].startIndex, 0);
-        ASSERT_LT(ranges[i].startIndex, ranges[i].endIndex);
-        ASSERT_TRUE(ids.insert(ranges[i].id).second);
-        if (i > 0) {
-            ASSERT_EQ(ranges[i].startIndex, ranges[i - 1].endIndex);
-            ASSERT_LT(ranges[i - 1].phase, ranges[i].phase);
-        }
-    }
-    if (!ranges.empty()) {
-        ASSERT_EQ(ranges.back().endIndex, std::ssize(samples) - 1);
-    }
-}
-
 constexpr Leg climb{.count = 20, .sink = -5.0};
-
-TEST(DetectPhases, findsTheFivePhasesOfEveryStyle)
-{
-    for (const FlightStyle style : {FlightStyle::belly, FlightStyle::freefly, FlightStyle::wingsuit}) {
-        for (const double rate : {4.0, 5.0, 10.0}) {
-            SCOPED_TRACE(testing::Message() << static_cast<int>(style) << " at " << rate);
-            const Samples samples = makeJump({.rate = rate, .style = style});
-            const std::vector<JumpPhaseRange> ranges = detectPhases(samples);
-            ASSERT_EQ(ranges.size(), 5u);
-            const auto height = [&](std::size_t i) {
-                return samples[static_cast<std::size_t>(ranges[i].startIndex)].altitudeMSL - 450.0;
-            };
-            EXPECT_EQ(ranges[0].startIndex, 0);
-            EXPECT_NEAR(height(1), 4000.0, 60.0);
-            EXPECT_NEAR(height(2), 1200.0, 150.0);
-            EXPECT_GT(height(2), height(3));
-            EXPECT_NEAR(height(4), 0.0, 2.0);
-            expectInvariants(samples);
-        }
-    }
-}
 
 TEST(DetectPhases, cutsLogsWithoutAJumpAsWell)
 {
@@ -253,32 +209,6 @@ TEST(DetectPhases, landsAtTheFirstOfTwentySlowSamples)
     EXPECT_EQ(last({{19, 0.0}, {1, 0.0, 3.0}, {19, 0.0}}), (Span{canopy, 80, 178}));
     EXPECT_EQ(last({{19, 0.0}, {1, 0.0, 2.999}, {19, 0.0}}), (Span{ground, 140, 178}));
     EXPECT_EQ(last({{19, 0.0}, {1, 0.0, 3.0}, {20, 0.0}}), (Span{ground, 160, 179}));
-}
-
-TEST(DetectPhases, keepsItsInvariantsOnDamagedLogs)
-{
-    std::mt19937 random(2);
-    const std::vector<double> damage{std::numeric_limits<double>::quiet_NaN(),
-                                     std::numeric_limits<double>::infinity(),
-                                     -std::numeric_limits<double>::infinity(),
-                                     1e308,
-                                     0.0,
-                                     -60.0};
-    const Samples whole = makeJump({.rate = 2.0, .climbSeconds = 40.0});
-    for (int round = 0; round < 400; ++round) {
-        SCOPED_TRACE(round);
-        Samples samples(whole.begin() + static_cast<int>(random() % 200), whole.end());
-        samples.resize(random() % samples.size());
-        const std::size_t share = 1 + random() % 40; // one value in so many
-        for (FlySightDataPoint& sample : samples)
-            for (double* value : {&sample.altitudeMSL, &sample.velocityNorth, &sample.velocityEast,
-                                  &sample.velocityDown, &sample.verticalAccuracy})
-                if (random() % share == 0)
-                    *value = damage[random() % damage.size()];
-        if (round % 3 == 0)
-            std::ranges::shuffle(samples, random);
-        ASSERT_NO_FATAL_FAILURE(expectInvariants(samples));
-    }
 }
 
 } // namespace

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <random>
 
 namespace ospra {
 namespace {
@@ -24,39 +22,6 @@ std::vector<std::int64_t> ids(const ChartPoints& points)
     for (const ChartPoint& point : points)
         result.push_back(point.id);
     return result;
-}
-
-std::vector<std::int64_t> filteredIds(const std::vector<ChartPoint>& points, double lo, double hi)
-{
-    std::vector<std::int64_t> result;
-    for (const ChartPoint& point : points)
-        if (lo <= point.seconds && point.seconds <= hi)
-            result.push_back(point.id);
-    return result;
-}
-
-TEST(ChartPoints, cutAsAFilterWouldWhateverTheClockDid)
-{
-    std::mt19937 random(4);
-    for (int round = 0; round < 600; ++round) {
-        std::vector<double> seconds(random() % 12);
-        for (double& second : seconds)
-            second = static_cast<double>(random() % 8);
-        if (round % 3 != 0)
-            std::ranges::sort(seconds);
-        if (round % 5 == 0 && !seconds.empty())
-            seconds[random() % seconds.size()] = NAN;
-
-        const std::vector<ChartPoint> points = pointsAt(seconds);
-        const ChartPoints whole(points);
-        for (const double lo : {-1.0, 0.0, 2.5, 5.0, 9.0, std::nan("")})
-            for (const double hi : {-HUGE_VAL, 0.0, 2.5, 5.0, 9.0, std::nan("")}) {
-                ASSERT_EQ(ids(whole.cut(lo, hi)), filteredIds(points, lo, hi)) << lo << ' ' << hi;
-                ASSERT_EQ(ids(whole.cut(1.0, 6.0).cut(lo, hi)),
-                          filteredIds(points, std::max(lo, 1.0), std::min(hi, 6.0)))
-                    << lo << ' ' << hi;
-            }
-    }
 }
 
 TEST(ChartPoints, shareTheirStorageWithTheirCuts)

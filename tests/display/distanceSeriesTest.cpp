@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <random>
 
 namespace ospra {
 namespace {
@@ -48,30 +46,6 @@ TEST(GreatCircleDistance, measuresArcsOfTheSphere)
         EXPECT_NEAR(greatCircleDistance({latitude, -30.0}, {-latitude, 150.0}), 180.0 * metresPerDegree, 1.0);
 }
 
-TEST(NearestIndex, agreesWithAScanAndGivesTiesToTheLater)
-{
-    EXPECT_EQ(nearestIndex({}, 3.0), 0);
-    EXPECT_EQ(nearestIndex(std::vector{7.0}, 3.0), 0);
-
-    std::mt19937 random(5);
-    for (int round = 0; round < 500; ++round) {
-        std::vector<double> elapsed{0.0};
-        while (elapsed.size() < 2 + random() % 20)
-            elapsed.push_back(elapsed.back() + 1.0 + static_cast<double>(random() % 3));
-        for (double t = -1.5; t < elapsed.back() + 2.0; t += 0.25) {
-            std::size_t best = 0;
-            for (std::size_t i = 1; i < elapsed.size(); ++i)
-                if (std::abs(elapsed[i] - t) <= std::abs(elapsed[best] - t))
-                    best = i;
-            ASSERT_EQ(nearestIndex(elapsed, t), static_cast<std::ptrdiff_t>(best)) << t;
-        }
-        std::ranges::shuffle(elapsed, random);
-        elapsed[random() % elapsed.size()] = NAN;
-        const std::ptrdiff_t index = nearestIndex(elapsed, 3.0);
-        ASSERT_TRUE(0 <= index && index < std::ssize(elapsed));
-    }
-}
-
 TEST(MedianFilter, leavesShortSeriesAloneAndShrinksAtTheEnds)
 {
     const auto filtered = [](const std::vector<double>& raw) {
@@ -86,28 +60,6 @@ TEST(MedianFilter, leavesShortSeriesAloneAndShrinksAtTheEnds)
     };
     EXPECT_EQ(filtered({1, 9, 2, 8}), (std::vector<double>{1, 9, 2, 8}));
     EXPECT_EQ(filtered({1, 9, 2, 8, 5}), (std::vector<double>{2, 8, 5, 8, 5}));
-}
-
-TEST(BuildDistanceData, pairsTheNearestSamplesOfTheCompanion)
-{
-    // At 1 s both of the companion's samples are equally near: the later counts. Beyond its end the last one does.
-    const std::vector<JumpTrack> tracks{trackAt({0.0, 1.0, 2.0, 60.0}, {0.0, 0.0, 0.0, 0.0}, 500.0),
-                                        trackAt({0.0, 2.0}, {1.0, 2.0}, 900.0)};
-    const auto data = buildDistanceData(tracks, UnitSystem::metric);
-    ASSERT_EQ(data.size(), 1u);
-    EXPECT_EQ(data[0].id, tracks[1].id);
-    const std::vector<double> ground = values(data[0].data[horizontalDistance]);
-    ASSERT_EQ(ground.size(), 4u);
-    EXPECT_DOUBLE_EQ(ground[0], metresPerDegree);
-    for (const std::size_t i : {1u, 2u, 3u})
-        EXPECT_DOUBLE_EQ(ground[i], 2.0 * metresPerDegree);
-    EXPECT_EQ(values(data[0].data[verticalDistance]), (std::vector<double>(4, 400.0)));
-    EXPECT_DOUBLE_EQ(data[0].data[totalDistance][0].value, std::hypot(metresPerDegree, 400.0));
-    EXPECT_EQ(data[0].data[totalDistance][3].seconds, 60.0);
-
-    const auto inFeet = buildDistanceData(tracks, UnitSystem::imperial);
-    EXPECT_DOUBLE_EQ(inFeet[0].data[verticalDistance][0].value, 1312.336);
-    EXPECT_TRUE(buildDistanceData({tracks.data(), 1}, UnitSystem::metric).empty());
 }
 
 TEST(BuildDistanceData, leavesOutInaccurateSamples)
@@ -148,29 +100,6 @@ TEST(HorizontalSeries, measuresFromTheExitOn)
     track.phases = {{.phase = JumpPhase::freefall, .startIndex = 99, .endIndex = 100}};
     EXPECT_EQ(degrees(horizontalSeries(track, UnitSystem::metric).traveled), (std::vector<double>(5, 0.0)));
     EXPECT_TRUE(horizontalSeries(makeBareTrack({}), UnitSystem::metric).traveled.empty());
-}
-
-TEST(CutDistances, followWhatIsHidden)
-{
-    const std::vector<JumpTrack> tracks{trackAt({0, 1, 2}, {0, 1, 2}), trackAt({0, 1, 2}, {0, 1, 2}),
-                                        trackAt({0, 1, 2}, {0, 1, 2})};
-    const auto horizontal = buildHorizontalDistances(tracks, UnitSystem::metric);
-    const auto between = buildDistanceData(tracks, UnitSystem::metric);
-    const TimeRange range{.lo = 1.0, .hi = 5.0};
-
-    EXPECT_EQ(cutHorizontalDistances(tracks, horizontal, {}, range).size(), 3u);
-    const auto withoutBo = cutDistanceData(tracks, between, {tracks[1].id}, range);
-    ASSERT_EQ(withoutBo.size(), 1u);
-    EXPECT_EQ(withoutBo[0].id, tracks[2].id);
-    EXPECT_EQ(withoutBo[0].data[totalDistance].size(), 2u);
-
-    const TrackIDs primary{tracks[0].id};
-    EXPECT_TRUE(cutDistanceData(tracks, between, primary, range).empty());
-    const auto companions = cutHorizontalDistances(tracks, horizontal, primary, range);
-    ASSERT_EQ(companions.size(), 2u);
-    EXPECT_FALSE(companions[0].isPrimary);
-    EXPECT_EQ(companions[0].trackIndex, 1);
-    EXPECT_EQ(companions[0].fromExit.size(), 2u);
 }
 
 } // namespace

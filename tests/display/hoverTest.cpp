@@ -34,16 +34,6 @@ std::vector<JumpTrack> twoTracks()
     return tracks;
 }
 
-TEST(SnappedSeconds, takesTheNearestSampleOfThePrimaryTheLaterOfTwo)
-{
-    const auto tracks = twoTracks();
-    EXPECT_EQ(snappedSeconds(tracks, 5.9), 4.0);
-    EXPECT_EQ(snappedSeconds(tracks, 6.0), 8.0);
-    EXPECT_EQ(snappedSeconds(tracks, -50.0), 0.0);
-    EXPECT_EQ(snappedSeconds({}, 6.3), 6.3);
-    EXPECT_EQ(snappedSeconds(std::vector{makeBareTrack({})}, 6.3), 6.3);
-}
-
 TEST(HoveredValues, readTheNearestPointTheEarlierOfTwoWithinTwoSeconds)
 {
     const auto tracks = twoTracks();
@@ -65,38 +55,6 @@ TEST(HoveredValues, readTheNearestPointTheEarlierOfTwoWithinTwoSeconds)
     dense[0].file.dataPoints[0].altitudeMSL = 7.0;
     const auto visible = cutChartData(dense, buildChartData(dense, metricAGL), {}, all);
     EXPECT_EQ(hoveredValues(visible, elevation, 0.5, metricAGL), (Rows{{"Me", Color::primaryTrack, "7 m AGL"}}));
-}
-
-TEST(HoveredDistances, readCompanionsAndPathsAlike)
-{
-    const auto tracks = twoTracks();
-    const TimeRange all{.lo = 0.0, .hi = 99.0};
-    const auto between = cutDistanceData(tracks, buildDistanceData(tracks, UnitSystem::imperial), {}, all);
-    const auto rows = [&](std::optional<double> seconds) {
-        return hoveredDistanceValues(between, DistanceSeries::verticalDistance, seconds, UnitSystem::imperial);
-    };
-    EXPECT_EQ(rows(15.0), (Rows{{"Bo", Color::mint, "328 ft"}}));
-    EXPECT_EQ(rows(18.0), (Rows{{"Bo", Color::mint, "-"}}));
-    EXPECT_TRUE(rows(std::nullopt).empty());
-
-    const auto horizontal =
-        cutHorizontalDistances(tracks, buildHorizontalDistances(tracks, UnitSystem::metric), {}, all);
-    EXPECT_EQ(
-        hoveredHorizontalValues(horizontal, 8.0, UnitSystem::metric),
-        (Rows{{"Me", Color::primaryTrack, "Trv 222 m  Exit 222 m"}, {"Bo", Color::mint, "Trv 222 m  Exit 222 m"}}));
-    EXPECT_EQ(hoveredHorizontalValues(horizontal, 10.0, UnitSystem::metric),
-              (Rows{{"Me", Color::primaryTrack, "-"}, {"Bo", Color::mint, "-"}}));
-    EXPECT_TRUE(hoveredHorizontalValues(horizontal, std::nullopt, UnitSystem::metric).empty());
-}
-
-TEST(HoveredPoints, areAbsentBeyondTheTolerance)
-{
-    auto tracks = twoTracks();
-    tracks.push_back(makeBareTrack({}));
-    EXPECT_EQ(hoveredPoints(tracks, {}, 12.0), (Indices{3, std::nullopt, std::nullopt}));
-    EXPECT_EQ(hoveredPoints(tracks, {tracks[0].id}, 9.999), (Indices{2, std::nullopt}));
-    EXPECT_EQ(hoveredPoints(tracks, {}, 10.0), (Indices{std::nullopt, std::nullopt, std::nullopt}));
-    EXPECT_EQ(hoveredPoints(tracks, {}, std::nullopt), (Indices{std::nullopt, std::nullopt, std::nullopt}));
 }
 
 TEST(HoveredTimeLabel, countsFromThePrimarysExit)

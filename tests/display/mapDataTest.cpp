@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace ospra {
 namespace {
@@ -39,26 +38,6 @@ std::vector<double> opacities(const JumpTrack& track, const Zoom& zoom)
     for (const VisibleMapSegment& segment : segmentsOf({&track, 1}, {}, zoom))
         result.push_back(segment.opacity);
     return result;
-}
-
-TEST(VisibleMapSegments, holdThePhasesWhole)
-{
-    const std::vector<JumpTrack> tracks{shortJump(), shortJump()};
-    const auto segments = segmentsOf(tracks, {}, {.range = TimeRange{12.0, 13.0}});
-    ASSERT_EQ(segments.size(), 10u);
-    EXPECT_EQ(segments[1].id, uuidString(tracks[0].id) + "-Freefall-1-2");
-    EXPECT_EQ(*segments[1].coordinates, (std::vector<Coordinate>{{48.0, 8.0}, {49.0, 8.0}}));
-    EXPECT_EQ(segments[1].color, Color::pink);
-    EXPECT_TRUE(segments[4].isPrimary);
-    EXPECT_FALSE(segments[5].isPrimary);
-
-    const auto companionOnly = segmentsOf(tracks, {tracks[0].id});
-    ASSERT_EQ(companionOnly.size(), 5u);
-    EXPECT_TRUE(companionOnly[0].isPrimary);
-
-    JumpTrack single = shortJump();
-    single.phases = {{.phase = canopy, .startIndex = 3, .endIndex = 3}};
-    EXPECT_TRUE(segmentsOf({&single, 1}).empty());
 }
 
 TEST(VisibleMapSegments, shareTheirPathsFromZoomToZoom)
@@ -134,34 +113,14 @@ TEST(VisibleMapRegion, framesTheSamplesInRange)
     EXPECT_EQ(region({30.0, 30.0}), std::nullopt);
 }
 
-TEST(JumpRunLine, runsThroughTheExitInTheDirectionOfFlight)
+TEST(JumpRunLine, needsTwoSamplesInTheAircraft)
 {
-    // The tenth sample before the exit tells the direction; the others lie far away.
-    JumpTrack track = makeBareTrack(std::vector<double>(23), {{.phase = aircraft, .startIndex = 0, .endIndex = 22}});
-    std::vector<FlySightDataPoint>& samples = track.file.dataPoints;
-    for (FlySightDataPoint& sample : samples)
-        sample.coordinate = {.latitude = 40.0, .longitude = 50.0};
-    samples[12].coordinate = {.latitude = -0.01, .longitude = 8.0};
-    samples[22].coordinate = {.latitude = 0.0, .longitude = 8.0};
-    const JumpRunLine north = jumpRunLine({&track, 1}).value();
-    EXPECT_NEAR(north.end.longitude, 8.0, 1e-9);
-    EXPECT_NEAR(north.end.latitude, 2000.0 / 111194.92664455873, 1e-9);
-    EXPECT_NEAR(north.start.latitude, -2000.0 / 111194.92664455873, 1e-9);
-
-    // A short phase is measured from its own beginning.
-    samples[18].coordinate = {.latitude = 0.0, .longitude = 7.98};
-    track.phases.front().startIndex = 18;
-    const JumpRunLine east = jumpRunLine({&track, 1}).value();
-    EXPECT_NEAR(east.end.latitude, 0.0, 1e-9);
-    EXPECT_GT(east.end.longitude, east.start.longitude);
-    EXPECT_NEAR(greatCircleDistance(east.start, east.end), 4000.0, 1e-3);
-    EXPECT_NEAR(greatCircleDistance(east.start, {0.0, 8.0}), 2000.0, 1e-3);
-
-    track.phases.front().startIndex = 22;
-    EXPECT_EQ(jumpRunLine({&track, 1}), std::nullopt);
-    track.phases.front().phase = freefall;
-    EXPECT_EQ(jumpRunLine({&track, 1}), std::nullopt);
-    EXPECT_EQ(jumpRunLine({}), std::nullopt);
+    JumpTrack track = makeBareTrack({0, 1}, {{.phase = aircraft, .startIndex = 0, .endIndex = 1}});
+    track.file.dataPoints[1].coordinate.longitude = 0.001;
+    EXPECT_TRUE(jumpRunLine({&track, 1}));
+    track.phases.front().startIndex = 1;
+    EXPECT_FALSE(jumpRunLine({&track, 1}));
+    EXPECT_FALSE(jumpRunLine({}));
 }
 
 } // namespace

@@ -22,18 +22,6 @@ JumpTrack jumpFrom(double start)
                           {.phase = ground, .startIndex = 4, .endIndex = 5}});
 }
 
-TEST(ZoomRangeFor, spansThePhasesOfAllVisibleTracks)
-{
-    const std::vector<JumpTrack> tracks{jumpFrom(0.0), jumpFrom(7.0)};
-    const TrackIDs second{tracks[1].id};
-    EXPECT_EQ(zoomRangeFor(ZoomMode::freefall, tracks, second), (TimeRange{10.0, 30.0}));
-    EXPECT_EQ(zoomRangeFor(ZoomMode::canopy, tracks, second), (TimeRange{30.0, 40.0}));
-    EXPECT_EQ(zoomRangeFor(ZoomMode::freefallAndCanopy, tracks, second), (TimeRange{10.0, 40.0}));
-    EXPECT_EQ(zoomRangeFor(ZoomMode::freefallAndCanopy, tracks, {}), (TimeRange{10.0, 47.0}));
-    EXPECT_EQ(zoomRangeFor(ZoomMode::canopy, tracks, {tracks[0].id, tracks[1].id}), std::nullopt);
-    EXPECT_EQ(zoomRangeFor(ZoomMode::canopy, std::vector{makeBareTrack({0.0, 1.0})}, {}), std::nullopt);
-}
-
 TEST(ZoomRangeFor, ignoresPhasesThatTakeNoTime)
 {
     JumpTrack track = jumpFrom(0.0);

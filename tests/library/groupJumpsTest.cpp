@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
-#include <random>
 
 namespace ospra {
 namespace {
@@ -73,18 +71,6 @@ TEST(GroupJumps, matchesCompanionsByTheMomentOfExit)
     EXPECT_TRUE(group({{entry("p", 5.0, 5.0)}, {entry("c", 5.0)}})[0].companionEntries.empty());
 }
 
-TEST(GroupJumps, takesTheNearestLogAndOfTwoTheEarlierInTheScan)
-{
-    const std::vector<JumpFileEntry> primary{entry("p", 0.0, 1000.0)};
-    EXPECT_EQ(companionNames(group({primary, {entry("far", {}, 1020.0), entry("near", {}, 990.0)}})[0]), Names{"near"});
-    EXPECT_EQ(companionNames(group({primary, {entry("after", {}, 1010.0), entry("before", {}, 990.0)}})[0]),
-              Names{"after"});
-    EXPECT_EQ(companionNames(group({primary, {entry("before", {}, 990.0), entry("after", {}, 1010.0)}})[0]),
-              Names{"before"});
-    EXPECT_EQ(companionNames(group({primary, {entry("first", {}, 990.0), entry("second", {}, 990.0)}})[0]),
-              Names{"first"});
-}
-
 TEST(GroupJumps, mayGiveOneLogToSeveralJumpsAndOneOfEachCompanionToAJump)
 {
     const auto groups = group({{entry("p1", 0.0, 1000.0), entry("p2", 1.0, 1030.0), entry("p3", 2.0, 5000.0)},
@@ -96,53 +82,6 @@ TEST(GroupJumps, mayGiveOneLogToSeveralJumpsAndOneOfEachCompanionToAJump)
     EXPECT_EQ(companionNames(groups[1]), (Names{"a", "b"}));
     EXPECT_EQ(companionNames(groups[2]), (Names{"a", "b"}));
     EXPECT_NE(groups[0].id, groups[1].id);
-}
-
-/// The rule of the match as one would tell it: look at all logs, keep the nearest.
-Names matchByLookingAtAll(const JumpFileEntry& primary, const std::vector<std::vector<JumpFileEntry>>& companions)
-{
-    Names result;
-    for (const auto& entries : companions) {
-        const JumpFileEntry* best = nullptr;
-        double bestDistance = INFINITY;
-        for (const JumpFileEntry& candidate : entries) {
-            if (!primary.freefallDate || !candidate.freefallDate)
-                continue;
-            const double distance = std::abs(candidate.freefallDate->seconds - primary.freefallDate->seconds);
-            if (distance < bestDistance) {
-                best = &candidate;
-                bestDistance = distance;
-            }
-        }
-        if (best != nullptr && bestDistance < 45.0)
-            result.push_back(best->name);
-    }
-    return result;
-}
-
-TEST(GroupJumps, findsTheSameLogsAsASearchThroughAll)
-{
-    std::mt19937 random(4);
-    for (const unsigned span : {20U, 500U, 20'000U}) { // s; from nothing but ties to hardly a match
-        // Half of the dates are whole seconds, so that equal distances on both sides occur.
-        const auto randomDate = [&]() -> std::optional<double> {
-            if (random() % 10 == 0)
-                return std::nullopt;
-            const double whole = 1.7e9 + static_cast<double>(random() % span);
-            return random() % 2 == 0 ? whole : whole + static_cast<double>(random() % 1000) / 1000.0;
-        };
-        std::vector<std::vector<JumpFileEntry>> entries(4);
-        for (int i = 0; i < 300; ++i)
-            for (auto& ofJumper : entries)
-                ofJumper.push_back(entry(std::to_string(i), randomDate(), randomDate()));
-        const std::vector<std::vector<JumpFileEntry>> companions(entries.begin() + 1, entries.end());
-        std::size_t matches = 0;
-        for (const JumpGroup& jump : group(entries)) {
-            EXPECT_EQ(companionNames(jump), matchByLookingAtAll(jump.primaryEntry, companions));
-            matches += jump.companionEntries.size();
-        }
-        EXPECT_GT(matches, 0U);
-    }
 }
 
 } // namespace

@@ -16,13 +16,6 @@ std::string placesOf(std::span<const DatedGroup> groups)
     return places;
 }
 
-TEST(DatedGroups, standNewestFirstAndLeaveOutWhatHasNoDate)
-{
-    const auto groups = makeGroups({utc(2026, 1, 1), std::nullopt, utc(2026, 3, 1), utc(2026, 1, 1), utc(2026, 2, 1)});
-    EXPECT_EQ(placesOf(datedGroups(groups)), "2403");
-    EXPECT_TRUE(datedGroups(makeGroups({std::nullopt, std::nullopt})).empty());
-}
-
 TEST(CutoffDate, keepsTheClockTimeOfNow)
 {
     struct Row {
@@ -43,16 +36,6 @@ TEST(CutoffDate, keepsTheClockTimeOfNow)
         SCOPED_TRACE(displayName(range));
         EXPECT_EQ(cutoffDate(range, now, *calendar), cutoff);
     }
-}
-
-TEST(FilteredGroups, beginAtTheMomentOfTheCutoffAndNotAtItsDay)
-{
-    const Instant cutoff = utc(2026, 2, 28, 22, 30);
-    const auto dated = datedGroups(
-        makeGroups({cutoff, Instant{cutoff.seconds - 0.001}, utc(2026, 2, 28, 10), utc(2026, 3, 1), utc(2030, 1, 1)}));
-    EXPECT_EQ(placesOf(filteredGroups(dated, cutoff)), "430");
-    EXPECT_EQ(placesOf(filteredGroups(dated, std::nullopt)), "43012");
-    EXPECT_TRUE(filteredGroups({}, cutoff).empty());
 }
 
 TEST(GroupsOfPeriod, areThoseOfTheCalendarPeriodAlsoBehindNow)

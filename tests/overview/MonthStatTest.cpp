@@ -31,15 +31,5 @@ TEST(MonthlyStats, divideByTheWholeLengthOfEachMonth)
     EXPECT_TRUE(statsOf("Europe/Zurich", {}).empty());
 }
 
-TEST(MonthlyStats, followTheClocksOfTheZone)
-{
-    const std::vector<std::optional<Instant>> jumps{utc(2026, 6, 30, 22), utc(2026, 7, 1, 6, 59)};
-    EXPECT_EQ(statsOf("Europe/Zurich", jumps), (std::vector<MonthStat>{{utc(2026, 6, 30, 22), 2, 2.0 / (31 / 7.0)}}));
-    EXPECT_EQ(statsOf("America/Los_Angeles", jumps),
-              (std::vector<MonthStat>{{utc(2026, 6, 1, 7), 2, 2.0 / (30 / 7.0)}}));
-    EXPECT_EQ(statsOf("UTC", jumps),
-              (std::vector<MonthStat>{{utc(2026, 7, 1), 1, 1.0 / (31 / 7.0)}, {utc(2026, 6, 1), 1, 1.0 / (30 / 7.0)}}));
-}
-
 } // namespace
 } // namespace ospra

@@ -34,19 +34,6 @@ std::vector<std::optional<Instant>> july(std::initializer_list<unsigned> days)
     return jumps;
 }
 
-TEST(JumpsPerDay, followTheClocksOfTheZone)
-{
-    const std::vector<std::optional<Instant>> jumps{utc(2026, 7, 3, 18), utc(2026, 7, 4, 5)};
-    // 20:00 on the 3rd and 07:00 on the 4th
-    EXPECT_EQ(daysOf({"Europe/Zurich", jumps}),
-              (std::vector<HeatmapDay>{{utc(2026, 7, 2, 22), 1}, {utc(2026, 7, 3, 22), 1}}));
-    // 11:00 and 22:00 on the 3rd
-    EXPECT_EQ(daysOf({"America/Los_Angeles", jumps}), (std::vector<HeatmapDay>{{utc(2026, 7, 3, 7), 2}}));
-    // 06:00 and 17:00 on the 4th
-    EXPECT_EQ(daysOf({"Pacific/Auckland", jumps}), (std::vector<HeatmapDay>{{utc(2026, 7, 3, 12), 2}}));
-    EXPECT_TRUE(daysOf({"Europe/Zurich", {}}).empty());
-}
-
 TEST(JumpsPerDay, countDaysThatAreAnHourShorterOrLonger)
 {
     // 29 March 2026 has 23 hours in Zurich, 25 October 25: half past midnight and half past eleven at night.
@@ -71,23 +58,6 @@ TEST(Streaks, areRunsOfDaysAndTheCurrentOneEndsAtTheLastJump)
           Row{july({1, 2, 3, 10, 12, 13}), {2, 3}}, Row{july({9, 2, 8, 1}), {2, 2}}}) {
         SCOPED_TRACE(jumps.size());
         EXPECT_EQ(streaksOf({"Europe/Zurich", jumps}), expected);
-    }
-}
-
-TEST(Streaks, outlastChangesOfTheClocks)
-{
-    for (const Place& place : {
-             Place{"Europe/Zurich", {utc(2026, 3, 28, 12), utc(2026, 3, 29, 12), utc(2026, 3, 30, 12)}},
-             Place{"Europe/Zurich", {utc(2026, 10, 24, 12), utc(2026, 10, 25, 12), utc(2026, 10, 26, 12)}},
-             // 22:30 and half past midnight around the longer day: 49 hours apart, but neighbours
-             Place{"Europe/Zurich", {utc(2026, 10, 23, 22, 5), utc(2026, 10, 25, 22, 55), utc(2026, 10, 26, 22, 55)}},
-             // at midnight: forward in Santiago and Beirut, and back over midnight in Santiago
-             Place{"America/Santiago", {utc(2019, 9, 7, 16), utc(2019, 9, 8, 16), utc(2019, 9, 9, 16)}},
-             Place{"America/Santiago", {utc(2019, 4, 6, 16), utc(2019, 4, 7, 16), utc(2019, 4, 8, 16)}},
-             Place{"Asia/Beirut", {utc(2021, 3, 27, 10), utc(2021, 3, 28, 10), utc(2021, 3, 29, 10)}},
-         }) {
-        SCOPED_TRACE(place.zone);
-        EXPECT_EQ(streaksOf(place), (Streaks{3, 3}));
     }
 }
 

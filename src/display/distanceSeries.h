@@ -55,7 +55,11 @@ using HorizontalDistances = std::unordered_map<Uuid, HorizontalDistanceSeriesDat
 /// `movingMedian` over the values of points; fewer points than the window come back unchanged.
 [[nodiscard]] std::vector<ChartPoint> medianFilter(std::vector<ChartPoint> points, std::ptrdiff_t window);
 
+/// Both distances of one track in the length of the units, one point for each sample, none filtered or smoothed. Up to
+/// the exit both are 0; a log without one is measured from its first sample.
 [[nodiscard]] HorizontalDistanceSeriesData horizontalSeries(const JumpTrack& track, UnitSystem system);
+
+/// `horizontalSeries` of every track, by the id of the track.
 [[nodiscard]] HorizontalDistances buildHorizontalDistances(std::span<const JumpTrack> tracks, UnitSystem system);
 
 /// One record for each track but the first, in order; empty for fewer than two tracks. Samples of which either has a
@@ -63,6 +67,8 @@ using HorizontalDistances = std::unordered_map<Uuid, HorizontalDistanceSeriesDat
 [[nodiscard]] std::vector<CompanionDistanceData> buildDistanceData(std::span<const JumpTrack> tracks,
                                                                    UnitSystem system);
 
+/// The tracks that are not hidden, in order, cut to the range; an empty cut leaves the track in the list.
+/// @param distances of all `tracks`
 [[nodiscard]] std::vector<VisibleHorizontalDistanceTrackData>
 cutHorizontalDistances(std::span<const JumpTrack> tracks, const HorizontalDistances& distances, const TrackIDs& hidden,
                        TimeRange range);

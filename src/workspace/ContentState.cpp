@@ -1,16 +1,15 @@
 #include "workspace/ContentState.h"
 
+#include "core/replaceSource.h"
+
 #include <utility>
 
 namespace ospra {
 
 void ContentState::setSource(OspraModel* source)
 {
-    if (m_source == source)
+    if (!replaceSource(m_source, source, this))
         return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
     if (m_source) {
         connect(m_source, &OspraModel::sidebarSelectionChanged, this, &ContentState::update);
         connect(m_source, &OspraModel::isLoadingChanged, this, &ContentState::update);

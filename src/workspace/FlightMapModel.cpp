@@ -1,5 +1,6 @@
 #include "workspace/FlightMapModel.h"
 
+#include "core/replaceSource.h"
 #include "core/text.h"
 #include "workspace/flightPaths.h"
 
@@ -34,11 +35,8 @@ MapPlace exitOf(const JumpTrack& track)
 
 void FlightMapModel::setSource(OspraModel* source)
 {
-    if (m_source == source)
+    if (!replaceSource(m_source, source, this))
         return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
     if (m_source) {
         connect(m_source, &OspraModel::visibleDataChanged, this, &FlightMapModel::updateContent);
         connect(m_source, &OspraModel::hoveredSecondsChanged, this, &FlightMapModel::updateHover);
@@ -70,20 +68,20 @@ std::uint32_t FlightMapModel::rgb(Color color) const
 
 void FlightMapModel::updateContent()
 {
-    updatePlaces();
+    const auto jumpRun = m_source ? jumpRunLine(m_source->tracks()) : std::nullopt;
+    updatePlaces(jumpRun);
     MapContent content{.places = {m_exit.coordinate(), m_landing.coordinate()}};
-    if (m_source) {
+    if (m_source)
         for (const VisibleMapSegment& segment : m_source->visibleMapSegments())
             content.paths.push_back(segmentPath(segment, rgb(segment.color)));
-        if (const auto line = jumpRunLine(m_source->tracks()))
-            content.paths.push_back(jumpRunPath(*line, rgb(Color::yellow)));
-    }
+    if (jumpRun)
+        content.paths.push_back(jumpRunPath(*jumpRun, rgb(Color::yellow)));
     m_content = std::move(content);
     emit contentChanged();
     updateMarkers();
 }
 
-void FlightMapModel::updatePlaces()
+void FlightMapModel::updatePlaces(const std::optional<JumpRunLine>& jumpRun)
 {
     m_exit = m_landing = m_jumpRunStart = m_jumpRunEnd = MapPlace{};
     if (!m_source)
@@ -93,10 +91,10 @@ void FlightMapModel::updatePlaces()
         m_exit = exitOf(*visible.front());
         m_landing = placeOfSample(*visible.front(), std::ssize(visible.front()->file.dataPoints) - 1);
     }
-    if (const auto line = jumpRunLine(m_source->tracks())) {
-        m_jumpRunStart = placeOf(line->start);
-        m_jumpRunEnd = placeOf(line->end);
-        m_jumpRunBearing = bearingBetween(line->start, line->end);
+    if (jumpRun) {
+        m_jumpRunStart = placeOf(jumpRun->start);
+        m_jumpRunEnd = placeOf(jumpRun->end);
+        m_jumpRunBearing = bearingBetween(jumpRun->start, jumpRun->end);
     }
 }
 

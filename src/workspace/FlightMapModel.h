@@ -9,6 +9,7 @@
 #include <QList>
 #include <QQmlEngine>
 
+#include <optional>
 #include <vector>
 
 namespace ospra {
@@ -75,7 +76,7 @@ private:
     };
 
     void updateContent();
-    void updatePlaces();
+    void updatePlaces(const std::optional<JumpRunLine>& jumpRun);
     void updateMarkers();
     void updateHover();
     [[nodiscard]] std::uint32_t rgb(Color color) const;

@@ -1,14 +1,13 @@
 #include "workspace/ModelList.h"
 
+#include "core/replaceSource.h"
+
 namespace ospra {
 
 void ModelList::setSource(OspraModel* source)
 {
-    if (m_source == source)
+    if (!replaceSource(m_source, source, this))
         return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
     if (m_source)
         follow(*m_source);
     readSource();

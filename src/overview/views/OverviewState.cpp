@@ -1,5 +1,6 @@
 #include "overview/views/OverviewState.h"
 
+#include "core/replaceSource.h"
 #include "core/text.h"
 #include "overview/OverviewMode.h"
 #include "overview/OverviewTimeRange.h"
@@ -42,11 +43,8 @@ OverviewState::OverviewState(QObject* parent)
 
 void OverviewState::setSource(OspraModel* source)
 {
-    if (m_source == source)
+    if (!replaceSource(m_source, source, this))
         return;
-    if (m_source)
-        m_source->disconnect(this);
-    m_source = source;
     if (m_source) {
         connect(m_source, &OspraModel::jumpGroupsChanged, this, &OverviewState::refresh);
         connect(m_source, &OspraModel::overviewTimeRangeChanged, this, &OverviewState::refresh);

@@ -32,7 +32,7 @@ Rectangle {
 
     function widestName(names: var): real {
         const widest = Math.max(0, ...names.map(name => nameMetrics.advanceWidth(name)));
-        return Math.max(80, Math.ceil(widest) + Theme.markerSize + Theme.space4);
+        return Math.min(Math.max(80, Math.ceil(widest) + Theme.markerSize + Theme.space4), Theme.trackNameMaximum);
     }
 
     implicitHeight: root.tracks.count * Theme.barRowHeight

@@ -55,7 +55,11 @@ T.CheckDelegate {
         }
 
         Label {
+            id: words
+
+            width: Math.min(implicitWidth, root.width - x)
             text: root.name
+            elide: Text.ElideMiddle
             textStyle: Theme.caption
             font.weight: Font.Medium
             color: root.isHidden ? Theme.textTertiary : Theme.text
@@ -68,7 +72,7 @@ T.CheckDelegate {
     }
 
     ToolTipLoader {
-        text: root.toolTip
+        text: words.truncated ? root.name + "\n" + root.toolTip : root.toolTip
         isShown: root.hovered && !root.down
     }
 }

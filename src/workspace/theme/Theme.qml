@@ -86,6 +86,7 @@ DataColors {
     readonly property int spinnerSize: root.scaled(20)
     readonly property int chartRowMinimum: root.scaled(122)
     readonly property int readingNameMaximum: root.scaled(96)
+    readonly property int trackNameMaximum: root.scaled(160)
     readonly property int splitterGrip: 7
     readonly property int scrollBarWidth: 4
     readonly property int scrollBarInset: 3

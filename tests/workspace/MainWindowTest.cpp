@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace ospra {
 namespace {
 
@@ -104,22 +102,6 @@ TEST_F(MainWindow, aDragZoomsAndAShortOneDoesNot)
     EXPECT_FALSE(model.activeZoomMode());
 }
 
-TEST_F(MainWindow, aFailedLoadShowsTheAlertAndAnyKeyOfDismissalClearsIt)
-{
-    bed.addFile("me", "bad.csv", "");
-    model.rebuildGroups();
-    bed.settle();
-    const auto bad =
-        std::ranges::find(model.jumpGroups(), "bad", [](const JumpGroup& group) { return group.primaryEntry.name; });
-    ASSERT_NE(bad, model.jumpGroups().end());
-    model.openGroup(*bad);
-    bed.settle();
-    ASSERT_TRUE(model.hasError());
-    QTest::qWait(200);
-    QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !model.hasError(); }));
-}
-
 /// The text of the button that has the keyboard.
 QString focusedText(const QQuickWindow* window)
 {
@@ -147,19 +129,6 @@ TEST_F(MainWindow, theWelcomeButtonHasTheKeyboardWhereNobodyElseWantsIt)
     model.closeFolder();
     QTest::qWait(50);
     EXPECT_EQ(window->activeFocusItem(), elsewhere);
-}
-
-TEST_F(MainWindow, survivesAnySizeAndAnEmptiedModel)
-{
-    press(Qt::Key_Down);
-    window->setMinimumSize({1, 1});
-    for (const QSize size : {QSize(1, 1), QSize(400, 200), QSize(3800, 2100), QSize(900, 560)}) {
-        window->resize(size);
-        QTest::qWait(50);
-    }
-    model.closeFolder();
-    QTest::qWait(50);
-    EXPECT_TRUE(plots().empty());
 }
 
 } // namespace

@@ -1,14 +1,9 @@
 #include "tilemap/client/MapSources.h"
 
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
+#include "tilemap/showsPlace.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <string>
 
 namespace ospra {
@@ -74,20 +69,6 @@ TEST(MapSources, loseTheEntriesThatAreBroken)
         EXPECT_FALSE(parseMapSources(text)) << text;
 }
 
-bool isInside(const std::vector<Coordinate>& polygon, Coordinate place)
-{
-    bool inside = false;
-    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
-        const Coordinate& a = polygon[i];
-        const Coordinate& b = polygon[j];
-        if ((a.latitude > place.latitude) != (b.latitude > place.latitude) &&
-            place.longitude <
-                a.longitude + (b.longitude - a.longitude) * (place.latitude - a.latitude) / (b.latitude - a.latitude))
-            inside = !inside;
-    }
-    return inside;
-}
-
 TEST(MapSources, ofTheProgramShowEachCountryItsOwn)
 {
     const std::vector<MapSource> sources = loadMapSources(); // what the build put beside the programs
@@ -116,10 +97,7 @@ TEST(MapSources, ofTheProgramShowEachCountryItsOwn)
          }) {
         std::string topmost;
         for (const MapSource& source : sources) {
-            const bool shows = source.bounds.empty() || std::ranges::any_of(source.bounds, [&](const auto& polygon) {
-                                   return isInside(polygon, coordinate);
-                               });
-            if (shows && source.kind == MapSourceKind::imagery)
+            if (source.kind == MapSourceKind::imagery && showsPlace(source.bounds, coordinate))
                 topmost = source.id;
         }
         EXPECT_EQ(topmost, id) << place;

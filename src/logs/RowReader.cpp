@@ -1,5 +1,6 @@
 #include "logs/RowReader.h"
 
+#include "logs/byteScan.h"
 #include "logs/parseDate.h"
 #include "logs/parseDouble.h"
 #include "logs/plainNumber.h"
@@ -22,11 +23,6 @@ constexpr std::ptrdiff_t shortestDate = 20; // 2024-06-01T14:02:11Z
 constexpr std::ptrdiff_t noIndex = std::numeric_limits<std::ptrdiff_t>::max(); // behind the end of every row
 
 static_assert(static_cast<std::size_t>(Column::velocityDown) == 5 && static_cast<std::size_t>(Column::time) == 11);
-
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
 
 } // namespace
 

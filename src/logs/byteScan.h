@@ -16,6 +16,12 @@
 /// itself. All functions take a position and the end of the text and never read behind it.
 namespace ospra {
 
+/// One of the ten digits of ASCII, whatever the locale.
+[[nodiscard]] constexpr bool isDigit(char character) noexcept
+{
+    return character >= '0' && character <= '9';
+}
+
 /// Eight bytes as a word, the first the lowest.
 [[nodiscard]] inline std::uint64_t loadBytes(const char* position) noexcept
 {

@@ -1,5 +1,7 @@
 #include "logs/parseDate.h"
 
+#include "logs/byteScan.h"
+
 #include <chrono>
 #include <cstddef>
 
@@ -8,11 +10,6 @@ namespace ospra {
 namespace {
 
 constexpr std::size_t zoneOffsetLength = 6; // +02:00
-
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
 
 /// The value of the `count` characters from `position` on, which the field must have; absent if one is no digit.
 std::optional<int> digitsAt(std::string_view field, std::size_t position, std::size_t count)

@@ -1,5 +1,7 @@
 #include "logs/parseDouble.h"
 
+#include "logs/byteScan.h"
+
 #include <algorithm>
 #include <bit>
 #include <charconv>
@@ -13,11 +15,6 @@ namespace ospra {
 namespace {
 
 constexpr std::int64_t exponentLimit = std::int64_t{1} << 40; // beyond every exponent that a text can make up for
-
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
 
 char lowered(char character)
 {

@@ -64,11 +64,11 @@ std::optional<Formatters> makeFormatters(const std::string& localeName, const st
 }
 
 /// The time in ms, kept inside what ICU can reckon with; absent for what is no number.
-std::optional<double> millisecondsOf(Instant instant)
+std::optional<double> formattableTime(Instant instant)
 {
-    constexpr double farthestTime = 8.0e15; // ms from 1970
+    constexpr double limit = 8.0e15; // ms from 1970
     const double time = std::round(instant.seconds * 1000.0);
-    return std::isnan(time) ? std::nullopt : std::optional(std::clamp(time, -farthestTime, farthestTime));
+    return std::isnan(time) ? std::nullopt : std::optional(std::clamp(time, -limit, limit));
 }
 
 class IcuDateTexts final : public DateTexts {
@@ -93,8 +93,8 @@ public:
                                   {UCAL_WEEK_OF_YEAR, UDAT_REL_UNIT_WEEK}, {UCAL_DATE, UDAT_REL_UNIT_DAY},
                                   {UCAL_HOUR_OF_DAY, UDAT_REL_UNIT_HOUR},  {UCAL_MINUTE, UDAT_REL_UNIT_MINUTE},
                                   {UCAL_SECOND, UDAT_REL_UNIT_SECOND}};
-        const auto from = millisecondsOf(now);
-        const auto to = millisecondsOf(instant);
+        const auto from = formattableTime(now);
+        const auto to = formattableTime(instant);
         if (!from || !to)
             return {};
         const Formatters& formatters = current();
@@ -128,7 +128,7 @@ private:
 
     [[nodiscard]] std::string text(std::unique_ptr<icu::DateFormat> Formatters::* format, Instant instant) const
     {
-        const auto time = millisecondsOf(instant);
+        const auto time = formattableTime(instant);
         icu::UnicodeString text;
         return time ? utf8((current().*format)->format(*time, text)) : std::string();
     }

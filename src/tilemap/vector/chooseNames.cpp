@@ -6,7 +6,7 @@
 namespace ospra {
 namespace {
 
-constexpr double margin = 600.0;         // logical px around the picture within which names count
+constexpr double nameMargin = 600.0;     // logical px around the picture within which names count
 constexpr std::size_t mostNames = 4'000; // more do not fit on any screen
 constexpr double roadNamesFromZoom = 13.0;
 
@@ -81,7 +81,7 @@ void addRoadNames(std::vector<MapName>& names, const VectorTile& tile, std::span
 
 bool countsForNames(PixelPoint point, const LayerFrame& frame)
 {
-    const double reach = margin * frame.scale;
+    const double reach = nameMargin * frame.scale;
     return point.x >= -reach && point.x <= frame.columns + reach && point.y >= -reach && point.y <= frame.rows + reach;
 }
 
@@ -92,7 +92,7 @@ std::vector<MapName> chooseNames(std::span<const PlacedVectorTile> tiles, const 
         if (!placed.features)
             continue;
         const std::vector<TilePart> hidden = partsOfFinerTiles(placed.tile, tiles);
-        for (const TileSquare& square : tileSquares(placed.tile, frame, margin * frame.scale)) {
+        for (const TileSquare& square : tileSquares(placed.tile, frame, nameMargin * frame.scale)) {
             addPlaces(names, *placed.features, hidden, square, frame);
             if (frame.camera.zoom >= roadNamesFromZoom)
                 addRoadNames(names, *placed.features, hidden, square, frame);

@@ -37,6 +37,7 @@ function(ospra_program name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     ospra_flags(${name})
+    set_target_properties(${name} PROPERTIES UNITY_BUILD OFF) # tests give their helpers the same short names
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${ARG_DEPENDS})
 endfunction()

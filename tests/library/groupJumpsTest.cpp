@@ -71,18 +71,5 @@ TEST(GroupJumps, matchesCompanionsByTheMomentOfExit)
     EXPECT_TRUE(group({{entry("p", 5.0, 5.0)}, {entry("c", 5.0)}})[0].companionEntries.empty());
 }
 
-TEST(GroupJumps, mayGiveOneLogToSeveralJumpsAndOneOfEachCompanionToAJump)
-{
-    const auto groups = group({{entry("p1", 0.0, 1000.0), entry("p2", 1.0, 1030.0), entry("p3", 2.0, 5000.0)},
-                               {entry("a", {}, 1015.0)},
-                               {entry("none", {}, 9000.0)},
-                               {entry("b", {}, 1031.0), entry("c", {}, 5000.0)}});
-    ASSERT_EQ(names(groups), (Names{"p3", "p2", "p1"}));
-    EXPECT_EQ(companionNames(groups[0]), Names{"c"});
-    EXPECT_EQ(companionNames(groups[1]), (Names{"a", "b"}));
-    EXPECT_EQ(companionNames(groups[2]), (Names{"a", "b"}));
-    EXPECT_NE(groups[0].id, groups[1].id);
-}
-
 } // namespace
 } // namespace ospra

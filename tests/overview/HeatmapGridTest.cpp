@@ -33,24 +33,6 @@ TEST(HeatmapGrid, isEmptyWithoutJumps)
     EXPECT_TRUE(monthBoundaryWeeks(grid, *calendar).empty());
 }
 
-TEST(HeatmapGrid, beginsItsWeeksOnTheFirstWeekdayOfTheUser)
-{
-    const std::vector<std::optional<Instant>> jumps{utc(2026, 7, 3, 12), utc(2026, 7, 3, 14)}; // a Friday
-    const auto fromMonday = makeCalendar("Europe/Zurich", monday);
-    const HeatmapGrid grid = gridOf(jumps, *fromMonday);
-    ASSERT_THAT(grid.weeklyCounts(), ElementsAre(2));
-    const HeatmapWeek week = grid.week(0, *fromMonday);
-    EXPECT_EQ(week.weekStart, utc(2026, 6, 28, 22));
-    EXPECT_THAT(week.days, ElementsAre(HeatmapDay{utc(2026, 6, 28, 22), 0}, HeatmapDay{utc(2026, 6, 29, 22), 0},
-                                       HeatmapDay{utc(2026, 6, 30, 22), 0}, HeatmapDay{utc(2026, 7, 1, 22), 0},
-                                       HeatmapDay{utc(2026, 7, 2, 22), 2}, HeatmapDay{utc(2026, 7, 3, 22), 0},
-                                       HeatmapDay{utc(2026, 7, 4, 22), 0}));
-
-    const auto fromSunday = makeCalendar("America/Los_Angeles", sunday);
-    EXPECT_EQ(gridOf(jumps, *fromSunday).weekStart(0, *fromSunday), utc(2026, 6, 28, 7));
-    EXPECT_EQ(gridOf(jumps, *fromSunday).cellOf(utc(2026, 7, 3, 12), *fromSunday), (HeatmapCell{0, 5}));
-}
-
 TEST(HeatmapGrid, hasCellsFromItsFirstWeekToItsLast)
 {
     const auto calendar = makeCalendar("UTC", monday);

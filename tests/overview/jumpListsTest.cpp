@@ -27,18 +27,6 @@ TEST(RecentGroups, areTheThreeNewestWithUndatedOnesAtTheEnd)
     }
 }
 
-TEST(SelectedDayGroups, areAllJumpsOfTheDayNewestFirst)
-{
-    const auto calendar = makeCalendar("Europe/Zurich", monday);
-    const auto groups = makeGroups({utc(2026, 3, 28, 23), utc(2026, 3, 29, 12), std::nullopt, utc(2026, 3, 29, 12),
-                                    utc(2026, 3, 29, 21, 59), utc(2026, 3, 29, 22), utc(2026, 3, 28, 22, 59)});
-    const auto dated = datedGroups(groups);
-    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, utc(2026, 3, 28, 23), *calendar)), "4130");
-    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, utc(2026, 3, 29, 22), *calendar)), "5");
-    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, utc(2026, 4, 2, 22), *calendar)), "");
-    EXPECT_EQ(namesOf(selectedDayGroups(groups, dated, std::nullopt, *calendar)), "");
-}
-
 TEST(SelectedDayAfterClick, isTheStartOfTheDayAndClearedByASecondClick)
 {
     const auto calendar = makeCalendar("America/Santiago", sunday);

@@ -151,32 +151,6 @@ TEST(Calendar, stepsKeepTheClockTime)
         EXPECT_EQ(calendar->adding(row.count, row.unit, row.from), row.to) << row.from.seconds;
 }
 
-TEST(Calendar, weeksFollowTheFirstWeekdayAndCrossTheYear)
-{
-    const Instant wednesday = utc(2025, 1, 1, 12);
-    constexpr int daysBack[] = {3, 2, 1, 0, 6, 5, 4}; // to the last Sunday, Monday ... Saturday
-    for (int weekday = 1; weekday <= 7; ++weekday) {
-        const auto calendar = makeCalendar("UTC", weekday);
-        const Instant start{utc(2025, 1, 1).seconds - 86'400.0 * daysBack[weekday - 1]};
-        EXPECT_EQ(calendar->startOfWeek(wednesday), start) << weekday;
-        EXPECT_TRUE(calendar->isSame(CalendarUnit::weekOfYear, wednesday, start)) << weekday;
-        EXPECT_FALSE(calendar->isSame(CalendarUnit::weekOfYear, wednesday, {start.seconds - 1.0})) << weekday;
-    }
-}
-
-TEST(Calendar, tellsMonthsAndYearsApart)
-{
-    const auto calendar = makeCalendar("Europe/Zurich", 2);
-    EXPECT_TRUE(calendar->isSame(CalendarUnit::month, utc(2024, 1, 31, 23), utc(2024, 2, 29, 22, 59)));
-    EXPECT_FALSE(calendar->isSame(CalendarUnit::month, utc(2024, 2, 1), utc(2023, 2, 1)));
-    EXPECT_FALSE(calendar->isSame(CalendarUnit::month, utc(2024, 2, 29, 22, 59), utc(2024, 2, 29, 23)));
-    EXPECT_TRUE(calendar->isSame(CalendarUnit::year, utc(2023, 12, 31, 23), utc(2024, 12, 31, 22)));
-    EXPECT_FALSE(calendar->isSame(CalendarUnit::year, utc(2023, 12, 31, 22, 59), utc(2023, 12, 31, 23)));
-    EXPECT_EQ(calendar->daysInMonth(utc(2024, 2, 10)), 29);
-    EXPECT_EQ(calendar->daysInMonth(utc(2100, 2, 10)), 28);
-    EXPECT_EQ(calendar->daysInMonth(utc(2024, 4, 10)), 30);
-}
-
 TEST(Calendar, takesDatesFarAwayAndNoDates)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();

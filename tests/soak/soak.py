@@ -95,8 +95,7 @@ def main():
         use(minutes * 60, hands, disk, Servers(server_rng, servers), rng, rest)
         screen.key("ctrl+q")
         code, complaints = program.await_end(180)
-        expect(code == 0, f"the program ends well, not with {code}
-" + complaints[-8000:])
+        expect(code == 0, f"the program ends well, not with {code}\n" + complaints[-8000:])
         rest.see_end()
     tell(seed, minutes, hands, rest)
 

@@ -37,7 +37,7 @@ T.MenuBarItem {
     contentItem: ButtonFace {
         iconName: root.iconName
         text: root.iconName !== "" ? "" : root.showsLetter ? root.text.replace(/&(.)/, "<u>$1</u>") : root.plainText
-        textFormat: root.showsLetter ? Text.StyledText : Text.PlainText
+        textFormat: Text.StyledText // always, so that no title moves when its letter shows
         textColor: Theme.text
         iconColor: Theme.textSecondary
         iconSize: Theme.iconToolbar

@@ -147,7 +147,7 @@ TEST_F(ThemeTest, followsTheAppearanceLive)
 {
     show({"light", false, false});
     EXPECT_EQ(color("content").name(), "#ffffff");
-    EXPECT_EQ(named("named", static_cast<int>(Color::cyan)).name(), "#006aa6");
+    EXPECT_EQ(named("named", static_cast<int>(Color::cyan)).name(), "#0068a2");
     show({"dark", true, false});
     EXPECT_EQ(color("content").name(), "#15171b");
     EXPECT_EQ(named("named", static_cast<int>(Color::cyan)).name(), "#4fc1f0");

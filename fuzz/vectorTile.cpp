@@ -1,5 +1,6 @@
-#include "fuzz/require.h"
 #include "tilemap/vector/VectorTile.h"
+
+#include "fuzz/require.h"
 
 #include <cmath>
 #include <cstddef>

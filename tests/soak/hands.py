@@ -119,7 +119,8 @@ class Hands:
     def _change_look(self):
         """As the desktop tells that its user now wants a dark screen, more contrast or less movement."""
         key, kind, *values = self._rng.choice(LOOKS)
-        change = GLib.Variant("(ssv)", ("org.freedesktop.appearance", key, GLib.Variant(kind, self._rng.choice(values))))
+        value = GLib.Variant(kind, self._rng.choice(values))
+        change = GLib.Variant("(ssv)", ("org.freedesktop.appearance", key, value))
         self._bus.emit_signal(None, "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
                               "SettingChanged", change)
 

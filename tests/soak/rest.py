@@ -8,7 +8,8 @@ from gi.repository import GLib
 from driver import screen, sidebar
 from driver.waiting import StoryFailed, expect, wait_for
 
-# Lines of the toolkit that say nothing of the program: the first tells of a row that was on its way when its list ended.
+# A line of the toolkit that says nothing of the program: the list took back a row that it had asked for and that its
+# model had dropped already, with all that was on its way for it.
 HARMLESS = re.compile(r"DelegateModel::cancel: index out range .*")
 QUIET = 120  # s; a scan of all folders under the sanitizers, on a busy machine
 ANSWER = 30  # s from a click to what it shows
@@ -45,7 +46,8 @@ class Rest:
 
     def see_level(self):
         if levels := self.level_and_end():
-            expect(levels[1] <= LEVEL * levels[0], f"the memory is level: {levels[0]:.0f} MiB, then {levels[1]:.0f} MiB")
+            level, end = levels
+            expect(end <= LEVEL * level, f"the memory is level: {level:.0f} MiB, then {end:.0f} MiB")
 
     def see_end(self):
         """The program has ended by itself, without a leak and a word of complaint."""
@@ -83,12 +85,16 @@ class Rest:
     def _see_agreement(self):
         """The row that is selected and the screen beside it are of one jump."""
         row = self._selected()
-        title = sidebar.log_of(row) if row else "Welcome to Ospra"
-        label = self._program.window.find(None, title) if row != "Overview" else self._overview()
-        # Of a log that cannot be read there is nothing to show but the welcome.
-        welcome = self._program.window.find(None, "Welcome to Ospra")
-        expect(label or (welcome and row != "Overview"), f"the screen shows the row {row}")
-        expect(not (row == "Overview" and welcome), "the overview alone is shown")
+        window = self._program.window
+        welcome = window.find(None, "Welcome to Ospra")
+        if row == "Overview":
+            expect(self._overview() and not welcome, "the overview is shown")
+        elif row:  # of a log that cannot be read there is nothing to show but the welcome
+            expect(welcome or window.find("label", sidebar.log_of(row)), f"the screen shows the row {row}")
+        elif not welcome:  # a jump stays on screen when its log has gone, and has no row any more
+            expect(window.find("push-button", "Data Series"), "a jump is shown")
+            twice = set(sidebar.logs(self._program)) & {label.name for label in window.find_all("label")}
+            expect(not twice, f"what is shown without a row has none: {twice}")
 
     def _overview(self):
         return self._program.window.find("radio-button", "Stats")

@@ -79,7 +79,8 @@ def main():
     minutes = float(os.environ["SOAK_MINUTES"])
     print(f"seed {seed}, to be repeated by: tests/soak/run {minutes:g} {seed}", flush=True)
     # Apart, so that what one of them does changes nothing for the others.
-    hand_rng, disk_rng, server_rng, rng = (random.Random(f"{seed} {part}") for part in ("hand", "disk", "server", "mix"))
+    parts = ("hand", "disk", "server", "mix")
+    hand_rng, disk_rng, server_rng, rng = (random.Random(f"{seed} {part}") for part in parts)
     open_no_pages()
     os.environ["QT_SCALE_FACTOR"] = rng.choice(["1", "1.25"])
     Atspi.set_timeout(10_000, 60_000)
@@ -97,6 +98,7 @@ def main():
         code, complaints = program.await_end(180)
         expect(code == 0, f"the program ends well, not with {code}\n" + complaints[-8000:])
         rest.see_end()
+    rest.see_level()
     tell(seed, minutes, hands, rest)
 
 

@@ -25,15 +25,27 @@ T.Menu {
     delegate: MenuItem { }
 
     contentItem: ListView {
+        id: list
+
         implicitWidth: root.widest()
         implicitHeight: contentHeight
         model: root.contentModel
-        currentIndex: root.currentIndex
+        currentIndex: -1
         interactive: root.height < root.implicitHeight
         boundsBehavior: Flickable.StopAtBounds
         clip: interactive
         Accessible.role: Accessible.PopupMenu
         Accessible.name: root.title.replace("&", "")
+
+        // Not by a binding: the list moves to its current entry, and an entry that so comes under the pointer is current
+        // at once, which to a binding is a loop.
+        Connections {
+            target: root
+
+            function onCurrentIndexChanged() {
+                list.currentIndex = root.currentIndex;
+            }
+        }
     }
 
     background: MenuGround { }

@@ -6,8 +6,9 @@ import Ospra.Theme
 import Ospra.Workspace
 
 /// The column of charts, one row for each series that is on, all over the same time. A cursor and a selection in one
-/// row are in all of them. Both can be moved by keys, from where the pointer left them.
-T.Control {
+/// row are in all of them. Both can be moved by keys, from where the pointer left them. No control of the toolkit, which
+/// would not keep the role.
+Item {
     id: root
 
     required property OspraModel source
@@ -28,7 +29,7 @@ T.Control {
     }
 
     enabled: chartRows.hasSeries // without charts there is nothing for the keys
-    focusPolicy: Qt.StrongFocus
+    activeFocusOnTab: true
     Accessible.role: Accessible.Grouping
     Accessible.name: qsTr("Charts")
     Accessible.focusable: true
@@ -38,7 +39,10 @@ T.Control {
     onVisibleChanged: if (!root.visible) root.clearDrag()
 
     TapHandler {
-        onTapped: root.forceActiveFocus(Qt.MouseFocusReason)
+        onTapped: {
+            root.forceActiveFocus(Qt.MouseFocusReason);
+            ring.takeReason(Qt.MouseFocusReason);
+        }
     }
 
     Connections {
@@ -116,6 +120,8 @@ T.Control {
     }
 
     FocusRing {
+        id: ring
+
         control: root
         anchors.margins: 0
         controlRadius: -reach

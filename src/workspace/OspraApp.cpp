@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -95,6 +96,17 @@ void fitToScreen(QVariantMap& properties)
     }
 }
 
+/// Where the display goes away, toolkit and driver leave the program from the middle of what they do, from two threads
+/// at once and with all others running. There is nothing to save, since settings are written as they change, so the
+/// program ends there and then. What is registered last is called first: this has to come after the driver's own.
+void leaveAtOnceWithTheDisplay()
+{
+    std::atexit([] {
+        if (QCoreApplication::instance() != nullptr)
+            std::_Exit(1);
+    });
+}
+
 } // namespace
 
 void prepareApplication()
@@ -141,7 +153,11 @@ bool OspraApp::openWindow()
     passMapCredits();
     if (m_updates)
         m_updates->start();
-    return window() != nullptr;
+    if (!window())
+        return false;
+    QObject::connect(window(), &QQuickWindow::frameSwapped, window(), leaveAtOnceWithTheDisplay,
+                     Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    return true;
 }
 
 /// Tells the window whose maps there are, for its about window.

@@ -11,6 +11,12 @@ from driver.waiting import expect, expect_equal, wait_for
 SOURCE = (30, 30)  # a place in the other program's window
 
 
+def tremble(x, y):
+    """A hand is never quite still, and a drag on a busy machine may need one more move to be noticed."""
+    screen.hover(x + 3, y)
+    screen.hover(x, y)
+
+
 def drag(program, path, is_folder=True):
     """Drags a path from another program into the middle of the window, and gives what that program was told."""
     with subprocess.Popen([f"{BIN}/drag-source", path], stdout=subprocess.PIPE, text=True) as source:
@@ -23,7 +29,8 @@ def drag(program, path, is_folder=True):
             for step in range(1, 10):
                 screen.hover(SOURCE[0] + step * width // 20, SOURCE[1] + step * height // 20)
             if is_folder:
-                wait_for(lambda: screen.Picture(edge).changed_box(before), "the frame that offers a drop")
+                wait_for(lambda: tremble(width // 2, height // 2) or screen.Picture(edge).changed_box(before),
+                         "the frame that offers a drop")
             screen.hover(x + width // 2, y + height // 2)
             screen.release()
             outcome = source.stdout.readline().strip()

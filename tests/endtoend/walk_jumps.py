@@ -79,11 +79,17 @@ def series(program):
 
 
 def elevation_at_pointer(program, unit):
-    """The number that is read out in the middle of the chart, in a unit."""
+    """The number that is read out in the middle of the chart, in a unit, once it stands."""
     row = program.window.await_node("chart", "Elevation")
     screen.hover(*row.middle())
     pattern = re.compile(rf"Me (\d+) {unit} AGL")
-    return float(wait_for(lambda: pattern.fullmatch(row.description), f"an elevation in {unit}").group(1))
+    looks = []
+
+    def standing():
+        looks.append(row.description)
+        return pattern.fullmatch(looks[-1]) if looks[-3:] == 3 * looks[-1:] else None
+
+    return float(wait_for(standing, f"an elevation in {unit}").group(1))
 
 
 def units(program):

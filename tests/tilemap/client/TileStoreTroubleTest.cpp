@@ -179,7 +179,7 @@ TEST(TileTrouble, aServerThatSaysNothingIsNotWaitedForAsLongAsOneThatSpeaks)
     timer.start();
     bed.start().want({tileAt(1)});
     ASSERT_TRUE(waitUntil([&] { return bed.server.count() == 2; }));
-    EXPECT_GE(timer.elapsed(), 600);
+    EXPECT_GE(timer.elapsed(), 570); // the toolkit's timers may be a twentieth early
     EXPECT_LT(timer.elapsed(), 1200);
 }
 

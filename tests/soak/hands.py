@@ -27,6 +27,7 @@ class Hands:
         self.events = 0
 
     def act(self):
+        screen.bring_back("Ospra")  # a click may have hit the sign that makes it an icon
         actions = {self._click: 24, self._press_keys: 24, self._hover: 16, self._drag: 14, self._roll: 14,
                    self._press_something: 10, self._resize: 3, self._change_look: 3, self._choose_from_menu: 4,
                    self._add_companion: 2, self._remove_companion: 2, self._open_folder: 1, self._close_folder: 0.3}
@@ -41,6 +42,7 @@ class Hands:
     def leave_all(self):
         """Closes whatever stands open, and stops touching."""
         screen.release()
+        screen.bring_back("Ospra")
         self._leave_panels()
         for frame in self._program.root.children():
             if frame.role == "frame" and frame.name != "Ospra" and frame.is_shown():

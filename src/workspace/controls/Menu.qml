@@ -24,9 +24,15 @@ T.Menu {
     overlap: 1
     delegate: MenuItem { }
 
-    contentItem: ListView {
-        id: list
+    // Not by a binding in the list: it moves to its current entry, and an entry that so comes under the pointer is
+    // current at once, which to a binding is a loop.
+    onCurrentIndexChanged: {
+        const list = root.contentItem as ListView;
+        if (list)
+            list.currentIndex = root.currentIndex;
+    }
 
+    contentItem: ListView {
         implicitWidth: root.widest()
         implicitHeight: contentHeight
         model: root.contentModel
@@ -36,16 +42,6 @@ T.Menu {
         clip: interactive
         Accessible.role: Accessible.PopupMenu
         Accessible.name: root.title.replace("&", "")
-
-        // Not by a binding: the list moves to its current entry, and an entry that so comes under the pointer is current
-        // at once, which to a binding is a loop.
-        Connections {
-            target: root
-
-            function onCurrentIndexChanged() {
-                list.currentIndex = root.currentIndex;
-            }
-        }
     }
 
     background: MenuGround { }

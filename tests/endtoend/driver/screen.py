@@ -53,6 +53,14 @@ def resize_window(name, width, height):
     _xdotool("search", "--onlyvisible", "--name", f"^{name}$", "windowsize", width, height)
 
 
+def bring_back(name):
+    """Shows a window again if it has been made an icon."""
+    pattern = f"^{name}$"
+    seen = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", pattern], stdout=subprocess.DEVNULL, check=False)
+    if seen.returncode != 0:
+        _xdotool("search", "--name", pattern, "windowactivate", "--sync", "%@")
+
+
 class Picture:
     """A part of the screen as colours."""
 

@@ -51,6 +51,7 @@ def add_companion(program, folder):
     menu.await_node("menu-item", "Add Companion Folder...")
     expect(not menu.find("menu-item", re.compile("Remove .*")), "no companion is left to remove")
     screen.key("Escape")
+    program.window.await_gone("popup-menu")  # which takes all keys until then
 
 
 def cancel_panel(program):

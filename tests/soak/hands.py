@@ -156,7 +156,9 @@ class Hands:
         self._choose(title, rf"(?!{ENDING.pattern}|Close.*).*")
 
     def _open_panel(self, keys, folder):
-        screen.key("Escape", "Escape", keys)
+        screen.key("Escape", "Escape")
+        self._program.window.await_gone("popup-menu")  # which takes all keys until then
+        screen.key(keys)
         panel = wait_for(lambda: self._program.root.find("dialog", re.compile("Select a folder.*")) or
                          self._program.window.find("push-button", "OK"), "the panel", 60)
         if panel.role == "dialog":

@@ -5,12 +5,15 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTimer>
 
 #include <atomic>
 #include <chrono>
 #include <ctime>
+#include <memory>
 
 namespace ospra {
 
@@ -82,5 +85,31 @@ private:
     std::atomic<int> m_taken = 0;
     std::atomic<int> m_shown = 0;
 };
+
+/// A window that is measured: made at its first use, and let go at the end of main, before the application is gone.
+template <typename Window>
+class WindowAtFirstUse {
+public:
+    Window& operator()()
+    {
+        if (!m_window)
+            m_window = std::make_unique<Window>();
+        return *m_window;
+    }
+    void letGo() { m_window.reset(); }
+
+private:
+    std::unique_ptr<Window> m_window;
+};
+
+/// Makes a window from a document, with what its required properties name.
+inline std::unique_ptr<QQuickWindow> makeWindow(QQmlEngine& engine, const char* document, const QVariantMap& properties)
+{
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QQmlComponent component(&engine);
+    component.setData(document, QUrl(QStringLiteral("qrc:/window.qml")));
+    return std::unique_ptr<QQuickWindow>(
+        qobject_cast<QQuickWindow*>(component.createWithInitialProperties(properties)));
+}
 
 } // namespace ospra

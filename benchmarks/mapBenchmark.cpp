@@ -6,9 +6,6 @@
 #include "workspace/FlightMapModel.h"
 
 #include <QElapsedTimer>
-#include <QQmlComponent>
-#include <QQmlEngine>
-#include <QQuickWindow>
 
 #include <benchmark/benchmark.h>
 
@@ -36,9 +33,7 @@ public:
         m_bed.settle();
         model().selectNextJump();
         m_bed.settle();
-        m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-        QQmlComponent component(&m_engine);
-        component.setData(R"(
+        m_window = makeWindow(m_engine, R"(
             import QtQuick
             import Ospra.Workspace
             Window {
@@ -47,9 +42,7 @@ public:
                 width: 800; height: 600; visible: true
                 FlightPathMapView { anchors.fill: parent; source: root.source }
             })",
-                          QUrl(QStringLiteral("qrc:/map.qml")));
-        m_window.reset(qobject_cast<QQuickWindow*>(
-            component.createWithInitialProperties({{QStringLiteral("source"), QVariant::fromValue(&model())}})));
+                              {{QStringLiteral("source"), QVariant::fromValue(&model())}});
         m_frames.watch(m_window.get());
         m_map = m_window->findChild<TileMap*>();
         waitFor([this] { return m_map->pathRasterCount() > 0 && m_map->textureCount() >= 6; });
@@ -92,15 +85,7 @@ private:
     TileMap* m_map = nullptr;
 };
 
-/// Made at the first use, and gone before the application is.
-std::unique_ptr<MapWindow> theWindow;
-
-MapWindow& mapWindow()
-{
-    if (!theWindow)
-        theWindow = std::make_unique<MapWindow>();
-    return *theWindow;
-}
+WindowAtFirstUse<MapWindow> mapWindow;
 
 void countTime(benchmark::State& state, double start, int pictures)
 {
@@ -208,6 +193,6 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
-    ospra::theWindow.reset();
+    ospra::mapWindow.letGo();
     return 0;
 }

@@ -3,9 +3,6 @@
 #include "overview/views/OverviewState.h"
 #include "tests/core/ModelTestBed.h"
 
-#include <QQmlComponent>
-#include <QQmlEngine>
-
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -47,9 +44,7 @@ public:
         m_bed.model().openFolder(m_bed.folder("Logbook"));
         m_bed.settle();
         m_state.setSource(&m_bed.model());
-        m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-        QQmlComponent component(&m_engine);
-        component.setData(R"(
+        m_window = makeWindow(m_engine, R"(
             import QtQuick
             import Ospra.Overview
             Window {
@@ -58,9 +53,7 @@ public:
                 width: 980; height: 660; visible: true
                 OverviewView { anchors.fill: parent; overview: root.overview }
             })",
-                          QUrl(QStringLiteral("qrc:/overview.qml")));
-        m_window.reset(qobject_cast<QQuickWindow*>(
-            component.createWithInitialProperties({{QStringLiteral("overview"), QVariant::fromValue(&m_state)}})));
+                              {{QStringLiteral("overview"), QVariant::fromValue(&m_state)}});
         m_frames.watch(m_window.get());
         m_heatmap = m_window->findChild<HeatmapItem*>();
         m_frames.waitForFrame();
@@ -85,15 +78,7 @@ private:
     HeatmapItem* m_heatmap = nullptr;
 };
 
-/// Made at the first use, and gone before the application is.
-std::unique_ptr<OverviewWindow> theWindow;
-
-OverviewWindow& overviewWindow()
-{
-    if (!theWindow)
-        theWindow = std::make_unique<OverviewWindow>();
-    return *theWindow;
-}
+WindowAtFirstUse<OverviewWindow> overviewWindow;
 
 /// From the choice of another range in a window at rest to the frame that shows it. Argument: the position of the range
 /// in the menu; it takes turns with all of the time.
@@ -152,6 +137,6 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
-    ospra::theWindow.reset();
+    ospra::overviewWindow.letGo();
     return 0;
 }

@@ -2,7 +2,6 @@
 #include "plot/PlotItem.h"
 #include "tests/core/ModelTestBed.h"
 
-#include <QElapsedTimer>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -73,15 +72,6 @@ public:
         return counts;
     }
 
-    /// Until the buttons have faded and nothing moves any more.
-    void rest()
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (timer.elapsed() < 250)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-
     void waitForFrame() { m_frames.waitForFrame(); }
 
 private:
@@ -100,15 +90,7 @@ private:
     std::vector<PlotItem*> m_plots;
 };
 
-/// Made at the first use, and gone before the application is.
-std::unique_ptr<JumpWindow> theWindow;
-
-JumpWindow& jumpWindow()
-{
-    if (!theWindow)
-        theWindow = std::make_unique<JumpWindow>();
-    return *theWindow;
-}
+WindowAtFirstUse<JumpWindow> jumpWindow;
 
 double median(std::vector<double> values)
 {
@@ -125,7 +107,7 @@ void BM_ZoomToFrame(benchmark::State& state)
     std::vector<double> mainThread;
     for (auto _ : state) {
         state.PauseTiming();
-        window.rest();
+        waitForRest();
         const std::vector<int> before = window.pictures();
         state.ResumeTiming();
         const double start = milliseconds(CLOCK_MONOTONIC);
@@ -141,36 +123,6 @@ void BM_ZoomToFrame(benchmark::State& state)
     state.counters["rows"] = static_cast<double>(window.pictures().size());
 }
 BENCHMARK(BM_ZoomToFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-/// One move of the pointer over the charts to its frame; the counter is the processor time of the whole process.
-void BM_HoverToFrame(benchmark::State& state)
-{
-    JumpWindow& window = jumpWindow();
-    const TimeRange range = window.model().displayRange();
-    const double start = milliseconds(CLOCK_PROCESS_CPUTIME_ID);
-    double seconds = range.lo;
-    for (auto _ : state) {
-        seconds = seconds + 0.5 > range.hi ? range.lo : seconds + 0.5;
-        window.model().setHoveredSeconds(seconds);
-        window.waitForFrame();
-    }
-    state.counters["process_ms"] =
-        (milliseconds(CLOCK_PROCESS_CPUTIME_ID) - start) / static_cast<double>(state.iterations());
-}
-BENCHMARK(BM_HoverToFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-/// The yardstick of the hover: the same window drawn again without any change.
-void BM_BareFrame(benchmark::State& state)
-{
-    JumpWindow& window = jumpWindow();
-    window.model().setHoveredSeconds(std::nullopt);
-    const double start = milliseconds(CLOCK_PROCESS_CPUTIME_ID);
-    for (auto _ : state)
-        window.waitForFrame();
-    state.counters["process_ms"] =
-        (milliseconds(CLOCK_PROCESS_CPUTIME_ID) - start) / static_cast<double>(state.iterations());
-}
-BENCHMARK(BM_BareFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// Processor time in milliseconds: of the whole process, and of the main thread alone.
 struct FrameCost {
@@ -246,6 +198,6 @@ int main(int argc, char** argv)
     if (argc > 1)
         ospra::jumperCount = std::clamp(std::strtoul(argv[1], nullptr, 10), 1UL, ospra::jumperNames.size());
     benchmark::RunSpecifiedBenchmarks();
-    ospra::theWindow.reset();
+    ospra::jumpWindow.letGo();
     return 0;
 }

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "core/OspraModel.h"
+#include <QObject>
 
 namespace ospra {
 
-/// Puts another model, or none, in the place of the one that an object shows, and ends what it heard of the old one.
-/// @return false if the model stays the same and nothing is left to do
-inline bool replaceSource(OspraModel*& kept, OspraModel* source, QObject* follower)
+/// Puts another source of signals, or none, in the place of the one that an object follows, and ends what it heard of
+/// the old one.
+/// @param kept a pointer or a `QPointer`
+/// @return false if the source stays the same and nothing is left to do
+template <typename Kept, typename Source>
+bool replaceSource(Kept& kept, Source* source, const QObject* follower)
 {
     if (kept == source)
         return false;

@@ -1,5 +1,6 @@
 #include "workspace/ChartReadout.h"
 
+#include "core/replaceSource.h"
 #include "core/text.h"
 
 #include <QFontMetricsF>
@@ -28,11 +29,8 @@ ChartReadout::ChartReadout(QQuickItem* parent) : QQuickItem(parent)
 
 void ChartReadout::setRows(ChartRowsModel* rows)
 {
-    if (m_rows == rows)
+    if (!replaceSource(m_rows, rows, this))
         return;
-    if (m_rows)
-        disconnect(m_rows, nullptr, this, nullptr);
-    m_rows = rows;
     if (m_rows)
         connect(m_rows, &ChartRowsModel::hoverChanged, this, &ChartReadout::followHover);
     emit rowsChanged();

@@ -1,16 +1,15 @@
 #include "workspace/ChartRowCursor.h"
 
+#include "core/replaceSource.h"
+
 #include <utility>
 
 namespace ospra {
 
 void ChartRowCursor::setRows(ChartRowsModel* rows)
 {
-    if (m_rows == rows)
+    if (!replaceSource(m_rows, rows, this))
         return;
-    if (m_rows)
-        disconnect(m_rows, nullptr, this, nullptr);
-    m_rows = rows;
     if (m_rows)
         connect(m_rows, &ChartRowsModel::hoverChanged, this, &ChartRowCursor::followHover);
     emit rowsChanged();

@@ -3,7 +3,8 @@ import Ospra.Controls
 import Ospra.Theme
 import Ospra.TileMap
 
-/// Where a jumper was at the moment under the charts' cursor: the name and, below it, a dot.
+/// Where a jumper was at the moment under the charts' cursor: the name and, below it, a dot. It is drawn once, as one
+/// picture that moves with the cursor: its parts one by one would cost a hover more than all charts.
 MapAnchor {
     id: root
 
@@ -11,10 +12,17 @@ MapAnchor {
     required property color markerColor
     required property mapPlace markerPlace
 
-    anchorPoint: Qt.point(0.5, 1)
+    readonly property real pixelRatio: Screen.devicePixelRatio
+    /// The picture's size in device pixels, whole, so that it is shown pixel for pixel.
+    readonly property size pixels: Qt.size(Math.ceil(Math.max(words.width, dot.width + 2 * dot.outline) * root.pixelRatio),
+                                           Math.ceil((dot.y + dot.height + dot.outline) * root.pixelRatio))
+
+    anchorPoint: Qt.point(0.5, (dot.y + dot.height) / root.height)
     place: root.markerPlace
-    width: Math.max(words.width, dot.width)
-    height: words.height + Theme.space2 + dot.height
+    width: root.pixels.width / root.pixelRatio
+    height: root.pixels.height / root.pixelRatio
+    layer.enabled: true
+    layer.textureSize: root.pixels
     Accessible.role: Accessible.StaticText
     Accessible.name: root.name
 
@@ -46,6 +54,8 @@ MapAnchor {
     Item {
         id: dot
 
+        readonly property real outline: 1 // beyond the edge
+
         x: (root.width - width) / 2
         y: words.height + Theme.space2
         width: Theme.mapDot
@@ -54,7 +64,7 @@ MapAnchor {
         // The outline runs along the edge, half of it outside.
         Rectangle {
             anchors.fill: parent
-            anchors.margins: -1
+            anchors.margins: -dot.outline
             radius: width / 2
             color: root.markerColor
             border.width: 2

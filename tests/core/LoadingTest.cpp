@@ -2,29 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <tuple>
-
 namespace ospra {
 namespace {
 
-/// A later exit of the same load of jumpers: the logger is switched on a little later and all else is the same.
-JumpPlan later(double seconds)
-{
-    return {.startSeconds = JumpPlan{}.startSeconds + seconds};
-}
+class ModelLoading : public ModelTest {
+protected:
+    double firstElevation() const { return model.chartData().front()[DataSeries::elevation][0].value; }
+};
 
-TEST(ModelLoading, setsAllTracksOnTheAxisOfTheFirst)
+TEST_F(ModelLoading, setsAllTracksOnTheAxisOfTheFirst)
 {
-    ModelTestBed bed;
     bed.addLog("me", "jump.csv", later(10.0));
     bed.addLog("early", "jump.csv");
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    model.addCompanion(bed.folder("early"));
-    bed.settle();
+    bed.openFolders("me", {"early"});
     model.selectNextJump();
     EXPECT_TRUE(model.isLoading());
     bed.settle();
@@ -34,8 +24,6 @@ TEST(ModelLoading, setsAllTracksOnTheAxisOfTheFirst)
     EXPECT_EQ(model.tracks()[1].jumperName, "early");
     EXPECT_EQ(model.tracks()[1].jumperColor, Color::yellow);
     EXPECT_EQ(model.tracks()[0].file.fileName, "jump");
-    EXPECT_EQ(model.distanceData().size(), 1u);
-    EXPECT_EQ(model.chartData().size(), 2u);
     EXPECT_EQ(model.cameraUpdateTrigger(), 1);
     ASSERT_TRUE(model.zoomRange());
     EXPECT_GT(model.zoomRange()->lo, 0.0);
@@ -43,18 +31,13 @@ TEST(ModelLoading, setsAllTracksOnTheAxisOfTheFirst)
               model.chartData().front()[DataSeries::elevation].size());
 }
 
-TEST(ModelLoading, aBadPrimaryLogLeavesItsPlaceToTheCompanion)
+TEST_F(ModelLoading, aBadPrimaryLogLeavesItsPlaceToTheCompanion)
 {
-    ModelTestBed bed;
     bed.addLog("me", "jump.csv");
     bed.addLog("friend", "jump.csv");
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    model.addCompanion(bed.folder("friend"));
-    bed.settle();
+    bed.openFolders("me", {"friend"});
     bed.addFile("me", "jump.csv", "no log");
-    model.selectNextJump();
-    bed.settle();
+    bed.openNextJump();
     ASSERT_EQ(model.tracks().size(), 1u);
     EXPECT_EQ(model.tracks()[0].jumperName, "friend");
     EXPECT_EQ(model.tracks()[0].elapsed.front(), 0.0);
@@ -62,29 +45,27 @@ TEST(ModelLoading, aBadPrimaryLogLeavesItsPlaceToTheCompanion)
     EXPECT_TRUE(model.distanceData().empty());
 }
 
-TEST(ModelLoading, aFailedLoadTellsTheReasonAndClearsTheScreen)
+TEST_F(ModelLoading, aFailedLoadTellsTheReasonAndClearsTheScreen)
 {
-    struct Row {
+    const std::string header = "time,lat,lon,hMSL,velN,velE,velD\n\n(units)\n";
+    const struct {
         std::string content;
         std::string message;
+    } rows[] = {
+        {"", "Invalid FlySight CSV format"},
+        {header + "nothing\n", "No data points found"},
+        {header + "\xff\n", "The file “bad.csv” couldn’t be opened because it isn’t UTF-8 text."},
     };
-    const std::string header = "time,lat,lon,hMSL,velN,velE,velD\n\n(units)\n";
-    for (const auto& [content, message] :
-         {Row{"", "Invalid FlySight CSV format"}, Row{header + "nothing\n", "No data points found"},
-          Row{header + "\xff\n", "The file “b.csv” couldn’t be opened because it isn’t "
-                                 "UTF-8 text."}}) {
+    bed.addLog("me", "good.csv");
+    bed.addFile("me", "bad.csv", "");
+    bed.openFolders("me");
+    for (const auto& [content, message] : rows) {
         SCOPED_TRACE(message);
-        ModelTestBed bed;
-        bed.addLog("me", "a.csv");
-        bed.addFile("me", "b.csv", content);
-        OspraModel& model = bed.model();
-        model.openFolder(bed.folder("me"));
-        bed.settle();
-        ASSERT_EQ(model.jumpGroups().size(), 2u);
-        model.openGroup(model.jumpGroups()[model.jumpGroups()[0].primaryEntry.name == "a" ? 0 : 1]);
+        bed.addFile("me", "bad.csv", content);
+        model.openGroup(bed.jump("good"));
         bed.settle();
         ASSERT_TRUE(model.hasTracks());
-        model.openGroup(model.jumpGroups()[model.jumpGroups()[0].primaryEntry.name == "b" ? 0 : 1]);
+        model.openGroup(bed.jump("bad"));
         bed.settle();
         EXPECT_EQ(model.errorMessage(), message);
         EXPECT_FALSE(model.hasTracks());
@@ -95,35 +76,27 @@ TEST(ModelLoading, aFailedLoadTellsTheReasonAndClearsTheScreen)
     }
 }
 
-TEST(ModelLoading, aLogOfNobodyFailsWithoutAReasonAndSpecialFilesFailQuickly)
+TEST_F(ModelLoading, aLogOfNobodyFailsWithoutAReasonAndSpecialFilesFailQuickly)
 {
-    ModelTestBed bed;
-    bed.model().loadTracks(JumpGroup{.primaryEntry = {.url = "/nowhere", .jumperID = makeUuid()}});
+    model.loadTracks(JumpGroup{.primaryEntry = {.url = "/nowhere", .jumperID = makeUuid()}});
     bed.settle();
-    EXPECT_EQ(bed.model().errorMessage(), "Failed to load jump data");
+    EXPECT_EQ(model.errorMessage(), "Failed to load jump data");
 
     std::filesystem::create_directories(bed.folder("me") / "x.csv");
-    bed.model().openFolder(bed.folder("me"));
-    bed.settle();
-    bed.model().selectNextJump();
-    bed.settle();
-    EXPECT_EQ(bed.model().errorMessage(), "The file “x.csv” couldn’t be opened because it isn’t a regular file.");
+    bed.openFolders("me");
+    bed.openNextJump();
+    EXPECT_EQ(model.errorMessage(), "The file “x.csv” couldn’t be opened because it isn’t a regular file.");
 }
 
-TEST(ModelLoading, onlyTheNewestLoadReachesTheScreen)
+TEST_F(ModelLoading, onlyTheNewestLoadReachesTheScreen)
 {
-    ModelTestBed bed;
     bed.addLog("me", "a.csv");
     bed.addLog("me", "b.csv", later(3600.0));
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    bed.settle();
-    const JumpGroup newest = model.jumpGroups()[0];
-    const JumpGroup oldest = model.jumpGroups()[1];
+    bed.openFolders("me");
     int published = 0;
     QObject::connect(&model, &OspraModel::tracksChanged, [&] { ++published; });
-    model.openGroup(newest);
-    model.openGroup(oldest);
+    model.openGroup(bed.jump("b"));
+    model.openGroup(bed.jump("a"));
     bed.awaitBackground();
     bed.deliverMail();
     EXPECT_EQ(published, 1);
@@ -131,20 +104,15 @@ TEST(ModelLoading, onlyTheNewestLoadReachesTheScreen)
     EXPECT_FALSE(model.isLoading());
 }
 
-TEST(ModelLoading, aNamedZoomSurvivesAnotherJumpAndADragDoesNot)
+TEST_F(ModelLoading, aNamedZoomSurvivesAnotherJumpAndADragDoesNot)
 {
-    ModelTestBed bed;
     bed.addLog("me", "a.csv");
     bed.addLog("me", "b.csv", later(3600.0));
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    bed.settle();
-    model.selectNextJump();
-    bed.settle();
+    bed.openFolders("me");
+    bed.openNextJump();
     model.chooseZoomMode(ZoomMode::canopy);
     const auto canopy = model.zoomRange();
-    model.selectNextJump();
-    bed.settle();
+    bed.openNextJump();
     EXPECT_EQ(model.activeZoomMode(), ZoomMode::canopy);
     EXPECT_EQ(model.zoomRange(), canopy) << "the same flight, an hour later";
     model.zoomToDrag(30.0, 20.0);
@@ -155,17 +123,12 @@ TEST(ModelLoading, aNamedZoomSurvivesAnotherJumpAndADragDoesNot)
     EXPECT_FALSE(model.zoomRange());
 }
 
-TEST(ModelLoading, theSameJumpAgainIsLoadedAnewAndShowsHiddenTracks)
+TEST_F(ModelLoading, theSameJumpAgainIsLoadedAnewAndShowsHiddenTracks)
 {
-    ModelTestBed bed;
     bed.addLog("me", "a.csv");
     bed.addLog("friend", "a.csv");
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    model.addCompanion(bed.folder("friend"));
-    bed.settle();
-    model.selectNextJump();
-    bed.settle();
+    bed.openFolders("me", {"friend"});
+    bed.openNextJump();
     const Uuid before = model.tracks().front().id;
     model.toggleTrackVisibility(before);
     EXPECT_TRUE(model.visibleDistanceDataCache().empty());
@@ -177,56 +140,21 @@ TEST(ModelLoading, theSameJumpAgainIsLoadedAnewAndShowsHiddenTracks)
     EXPECT_EQ(model.visibleDistanceDataCache().size(), 1u);
 }
 
-TEST(ModelLoading, unitsAreThoseOfTheRequestUntilTheNextRebuild)
+TEST_F(ModelLoading, unitsAreThoseOfTheRequestUntilTheNextRebuild)
 {
-    ModelTestBed bed;
     bed.addLog("me", "a.csv");
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    bed.settle();
+    bed.openFolders("me");
     model.selectNextJump();
     model.setUseMetric(false);
     bed.settle();
-    const double loaded = model.chartData().front()[DataSeries::elevation][0].value;
+    const double loaded = firstElevation();
     model.rebuildDisplayData();
-    EXPECT_DOUBLE_EQ(model.chartData().front()[DataSeries::elevation][0].value, loaded * 3.28084);
+    EXPECT_DOUBLE_EQ(firstElevation(), loaded * 3.28084);
 
     int told = 0;
     QObject::connect(&model, &OspraModel::chartDataChanged, [&told] { ++told; });
     model.rebuildDisplayData();
     EXPECT_EQ(told, 0);
-}
-
-TEST(ModelLoading, leavesTheLogsAndTheirFolderAsTheyWere)
-{
-    ModelTestBed bed;
-    const std::filesystem::path log = bed.addLog("me", "a.csv");
-    bed.addFile("me", "bad.csv", "no log");
-    const auto state = [&log] {
-        std::ifstream file(log, std::ios::binary);
-        std::string content(std::istreambuf_iterator<char>(file), {});
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(log.parent_path()))
-            names.push_back(entry.path().filename());
-        std::ranges::sort(names);
-        return std::tuple(content, std::filesystem::last_write_time(log), names,
-                          std::filesystem::last_write_time(log.parent_path()));
-    };
-    // Nothing may be written there, so nothing needs the right to.
-    std::filesystem::permissions(log, std::filesystem::perms::owner_read);
-    std::filesystem::permissions(log.parent_path(),
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    const auto before = state();
-    OspraModel& model = bed.model();
-    model.openFolder(bed.folder("me"));
-    bed.settle();
-    for (const JumpGroup& group : model.jumpGroups()) {
-        model.loadTracks(group);
-        bed.settle();
-    }
-    model.closeFolder();
-    EXPECT_EQ(state(), before);
-    std::filesystem::permissions(log.parent_path(), std::filesystem::perms::owner_all);
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 #include "tests/core/ModelTestBed.h"
 
-#include <chrono>
+#include <QDateTime>
+
+#include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace ospra {
 
@@ -13,16 +15,8 @@ namespace {
 
 std::string isoText(Instant instant)
 {
-    using namespace std::chrono;
-    const auto milliseconds = std::chrono::milliseconds(std::llround(instant.seconds * 1000.0));
-    const sys_days day = floor<days>(sys_time<std::chrono::milliseconds>(milliseconds));
-    const year_month_day date(day);
-    const hh_mm_ss time(milliseconds - duration_cast<std::chrono::milliseconds>(day.time_since_epoch()));
-    char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d.%03dZ", int(date.year()), unsigned(date.month()),
-                  unsigned(date.day()), int(time.hours().count()), int(time.minutes().count()),
-                  int(time.seconds().count()), int(time.subseconds().count()));
-    return text;
+    const qint64 milliseconds = std::llround(instant.seconds * 1000.0);
+    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs).toStdString();
 }
 
 std::string logText(const std::vector<FlySightDataPoint>& samples)
@@ -85,6 +79,29 @@ std::filesystem::path ModelTestBed::addFile(const std::string& folderName, const
     const std::filesystem::path path = folder(folderName) / fileName;
     std::ofstream(path) << text;
     return path;
+}
+
+void ModelTestBed::openFolders(const std::string& primary, std::initializer_list<std::string> companions)
+{
+    model().openFolder(folder(primary));
+    for (const std::string& name : companions)
+        m_model->addCompanion(folder(name));
+    settle();
+}
+
+void ModelTestBed::openNextJump()
+{
+    m_model->selectNextJump();
+    settle();
+}
+
+const JumpGroup& ModelTestBed::jump(const std::string& name)
+{
+    const auto found =
+        std::ranges::find(m_model->jumpGroups(), name, [](const JumpGroup& group) { return group.primaryEntry.name; });
+    if (found == m_model->jumpGroups().end())
+        throw std::out_of_range("no jump is called " + name);
+    return *found;
 }
 
 void ModelTestBed::settle()

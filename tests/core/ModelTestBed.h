@@ -4,7 +4,10 @@
 #include "platform/MemorySettingsStore.h"
 #include "tests/support/JumpBuilder.h"
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <semaphore>
@@ -41,6 +44,12 @@ public:
     int handlesMade = 0;
 };
 
+/// A jump that is like the default one but for its beginning.
+inline JumpPlan later(double seconds)
+{
+    return {.startSeconds = JumpPlan{}.startSeconds + seconds};
+}
+
 /// A model on services of the test's own, with a folder that goes with the test.
 class ModelTestBed {
 public:
@@ -59,6 +68,13 @@ public:
     /// Writes any file. @return its path
     std::filesystem::path addFile(const std::string& folderName, const std::string& fileName, const std::string& text);
 
+    /// Opens the folders, and waits until they are scanned.
+    void openFolders(const std::string& primary, std::initializer_list<std::string> companions = {});
+    /// Selects the next jump of the list and loads it.
+    void openNextJump();
+    /// The jump of the list whose primary log has this name.
+    [[nodiscard]] const JumpGroup& jump(const std::string& name);
+
     /// Runs the event loop's part until nothing is loading any more.
     void settle();
     /// Waits until all background work that was begun has posted its result, and leaves the results in the mailbox.
@@ -76,6 +92,13 @@ private:
     std::binary_semaphore m_mail{0};
     ModelServices m_services;
     std::unique_ptr<OspraModel> m_model;
+};
+
+/// A test of one model that needs nothing to be there before it.
+class ModelTest : public ::testing::Test {
+protected:
+    ModelTestBed bed;
+    OspraModel& model = bed.model();
 };
 
 } // namespace ospra

@@ -8,15 +8,14 @@ namespace ospra {
 namespace {
 
 /// Three jumps, an hour apart; the newest is "c".
-class Selection : public ::testing::Test {
+class Selection : public ModelTest {
 protected:
     void SetUp() override
     {
-        double start = JumpPlan{}.startSeconds;
+        double start = 0.0;
         for (const char* name : {"a.csv", "b.csv", "c.csv"})
-            bed.addLog("me", name, {.startSeconds = start += 3600.0});
-        model.openFolder(bed.folder("me"));
-        bed.settle();
+            bed.addLog("me", name, later(start += 3600.0));
+        bed.openFolders("me");
     }
 
     std::string selectedName() const
@@ -25,20 +24,11 @@ protected:
             return "overview";
         return model.sidebarSelection()->group()->primaryEntry.name;
     }
-
-    ModelTestBed bed;
-    OspraModel& model = bed.model();
 };
-
-TEST_F(Selection, theFirstScanShowsTheOverviewAndLoadsNothing)
-{
-    EXPECT_EQ(selectedName(), "overview");
-    EXPECT_FALSE(model.selectedGroup());
-    EXPECT_EQ(model.loadRevision(), 0);
-}
 
 TEST_F(Selection, keysWalkTheListFromTheOverviewToTheOldestJumpAndBack)
 {
+    EXPECT_EQ(selectedName(), "overview") << "from the first scan on";
     for (const char* name : {"c", "b", "a", "a"}) {
         model.selectNextJump();
         EXPECT_EQ(selectedName(), name);
@@ -67,10 +57,9 @@ TEST_F(Selection, theListCannotClearTheSelection)
 
 TEST_F(Selection, regroupingKeepsTheJumpAndReloadsIt)
 {
-    model.selectNextJump();
-    bed.settle();
+    bed.openNextJump();
     const Uuid before = model.selectedGroup()->id;
-    bed.addLog("friend", "x.csv", {.startSeconds = JumpPlan{}.startSeconds + 3 * 3600.0 + 2.0});
+    bed.addLog("friend", "x.csv", later(3 * 3600.0 + 2.0));
     model.addCompanion(bed.folder("friend"));
     bed.settle();
     bed.settle();
@@ -93,8 +82,7 @@ TEST_F(Selection, regroupingUnderTheOverviewLoadsNothing)
 
 TEST_F(Selection, aJumpThatHasGoneFromTheDiskStaysOnScreen)
 {
-    model.selectNextJump();
-    bed.settle();
+    bed.openNextJump();
     std::filesystem::remove(model.selectedGroup()->primaryEntry.url);
     model.rebuildGroups();
     bed.settle();
@@ -119,23 +107,9 @@ TEST_F(Selection, onlyTheNewestScanReachesTheList)
     EXPECT_FALSE(model.isLoading());
 }
 
-TEST_F(Selection, spaceSwitchesBetweenTheWholeLogAndTheFlight)
-{
-    model.selectNextJump();
-    bed.settle();
-    ASSERT_TRUE(model.zoomRange());
-    model.toggleDefaultZoom();
-    EXPECT_FALSE(model.zoomRange() || model.activeZoomMode());
-    EXPECT_EQ(model.displayRange().lo, 0.0);
-    model.toggleDefaultZoom();
-    EXPECT_EQ(model.activeZoomMode(), ZoomMode::freefallAndCanopy);
-    EXPECT_TRUE(model.zoomRange());
-}
-
 TEST_F(Selection, hoveringTellsOncePerSample)
 {
-    model.selectNextJump();
-    bed.settle();
+    bed.openNextJump();
     int told = 0;
     QObject::connect(&model, &OspraModel::hoveredSecondsChanged, [&told] { ++told; });
     for (const double seconds : {10.01, 10.02, 10.05, 10.19, 10.2})

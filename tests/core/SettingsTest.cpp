@@ -32,25 +32,24 @@ TEST(ModelSettings, anotherSettingsWriteDoesNotDisturbUnitsThatWereNeverChosen)
 
 TEST(ModelSettings, storedSeriesAreCleanedAndAListOfUnknownNamesIsLeftAlone)
 {
-    ModelTestBed bed;
-    bed.settings().setTexts("enabledSeries", {"Dive Angle", "Airspeed"});
-    EXPECT_EQ(bed.model().enabledSeries(), Series{DataSeries::diveAngle});
-    EXPECT_EQ(bed.settings().texts("enabledSeries"), Texts{"Dive Angle"});
-
-    bed.restart();
-    bed.settings().setTexts("enabledSeries", {"Airspeed"});
-    EXPECT_EQ(bed.model().enabledSeries(), (Series{DataSeries::elevation, DataSeries::verticalSpeed}));
-    EXPECT_EQ(bed.settings().texts("enabledSeries"), Texts{"Airspeed"});
-}
-
-TEST(ModelSettings, anEmptyStoredListMeansTheDefaultForSeriesAndNoneForDistances)
-{
-    ModelTestBed bed;
-    bed.settings().setTexts("enabledSeries", {});
-    bed.settings().setTexts("enabledDistanceSeries", {"Height"});
-    EXPECT_EQ(bed.model().enabledSeries(), (Series{DataSeries::elevation, DataSeries::verticalSpeed}));
-    EXPECT_TRUE(bed.model().enabledDistanceSeries().empty());
-    EXPECT_EQ(bed.settings().texts("enabledDistanceSeries"), Texts{});
+    const Series byDefault{DataSeries::elevation, DataSeries::verticalSpeed};
+    struct Row {
+        Texts stored;
+        Series series;
+        Texts storedThen;
+    };
+    for (const auto& [stored, series, storedThen] :
+         {Row{{"Dive Angle", "Airspeed"}, {DataSeries::diveAngle}, {"Dive Angle"}},
+          Row{{"Airspeed"}, byDefault, {"Airspeed"}}, Row{{}, byDefault, {}}}) {
+        SCOPED_TRACE(testing::PrintToString(stored));
+        ModelTestBed bed;
+        bed.settings().setTexts("enabledSeries", stored);
+        bed.settings().setTexts("enabledDistanceSeries", stored);
+        EXPECT_EQ(bed.model().enabledSeries(), series);
+        EXPECT_EQ(bed.settings().texts("enabledSeries"), storedThen);
+        EXPECT_TRUE(bed.model().enabledDistanceSeries().empty()) << "which are off by default";
+        EXPECT_EQ(bed.settings().texts("enabledDistanceSeries"), Texts{});
+    }
 }
 
 TEST(ModelSettings, valuesOfAnotherTypeGiveDefaults)
@@ -88,10 +87,8 @@ TEST(ModelSettings, aWriteByTheSettingsPaneReachesTheModelAndItsData)
 {
     ModelTestBed bed;
     bed.addLog("me", "a.csv");
-    bed.model().openFolder(bed.folder("me"));
-    bed.settle();
-    bed.model().selectNextJump();
-    bed.settle();
+    bed.openFolders("me");
+    bed.openNextJump();
     const double metres = bed.model().chartData().front()[DataSeries::elevation][0].value;
     bed.settings().setBoolean("useMetric", false);
     bed.settings().deliver();

@@ -1,45 +1,31 @@
-#include "tests/workspace/WindowTest.h"
+#include "tests/workspace/ChartsTest.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
 
 namespace ospra {
 namespace {
 
-/// A drag in the first row of a jump that shows whole, from a quarter of the plot on.
-class ChartGestures : public WindowTest {
+/// A drag in the first row, from a quarter of the plot on.
+class ChartGestures : public WholeJumpTest {
 protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        if (HasFatalFailure())
-            return;
-        press(Qt::Key_Down);
-        press(Qt::Key_Space);
-        waitForPictures();
-        ASSERT_FALSE(model.zoomRange());
-    }
-
     void openJump(const char* name)
     {
-        const auto group =
-            std::ranges::find(model.jumpGroups(), name, [](const JumpGroup& each) { return each.primaryEntry.name; });
-        ASSERT_NE(group, model.jumpGroups().end());
-        model.openGroup(*group);
+        model.openGroup(bed.jump(name));
         bed.settle();
         QTest::qWait(200);
     }
 
     void beginDrag()
     {
-        ASSERT_FALSE(plots().empty());
-        PlotItem* const plot = plots()[0];
+        model.clearZoom();
+        QTest::qWait(50);
+        const PlotItem* const plot = plots().at(0);
         QTest::mousePress(window, Qt::LeftButton, {}, pointIn(plot, 0.25));
         for (const double x : {0.3, 0.4, 0.5})
             moveTo(pointIn(plot, x));
-        ASSERT_EQ(selections(), plots().size()) << "in all rows";
+        ASSERT_EQ(selections(), std::ssize(plots())) << "in all rows";
     }
 
     void moveTo(QPoint point)
@@ -55,23 +41,13 @@ protected:
         QTest::qWait(20);
     }
 
-    /// How many rows show a selection.
-    std::size_t selections() const
-    {
-        return static_cast<std::size_t>(std::ranges::count_if(overlays(), [](const PlotOverlay* overlay) {
-            return std::isfinite(overlay->property("dragStart").toDouble());
-        }));
-    }
-
     /// After whatever happened: nothing is left of the drag, and the next one zooms.
     void expectNextDragToZoom()
     {
-        EXPECT_EQ(selections(), 0u);
-        model.clearZoom();
-        QTest::qWait(50);
+        EXPECT_EQ(selections(), 0);
         beginDrag();
         release();
-        EXPECT_EQ(selections(), 0u);
+        EXPECT_EQ(selections(), 0);
         EXPECT_TRUE(model.zoomRange());
     }
 
@@ -79,10 +55,16 @@ private:
     QPoint m_pointer;
 };
 
-TEST_F(ChartGestures, aDragOfOneMoveZooms)
+TEST_F(ChartGestures, aDragOfOneMoveZoomsAndOneOfThreePixelsDoesNot)
 {
+    const QPoint start = pointIn(plots()[0], 0.25);
+    QTest::mousePress(window, Qt::LeftButton, {}, start);
+    QTest::mouseMove(window, start + QPoint(3, 0));
+    QTest::mouseRelease(window, Qt::LeftButton, {}, start + QPoint(3, 0));
+    EXPECT_FALSE(model.zoomRange());
+
     const TimeRange whole = model.displayRange();
-    QTest::mousePress(window, Qt::LeftButton, {}, pointIn(plots()[0], 0.25));
+    QTest::mousePress(window, Qt::LeftButton, {}, start);
     moveTo(pointIn(plots()[0], 0.5));
     release();
     ASSERT_TRUE(model.zoomRange());
@@ -151,8 +133,6 @@ TEST_F(ChartGestures, nothingIsLeftOfADragThatSomethingComesInto)
     };
     for (const auto& [name, happen] : rows) {
         SCOPED_TRACE(name);
-        model.clearZoom();
-        QTest::qWait(50);
         beginDrag();
         ASSERT_FALSE(HasFatalFailure());
         happen();
@@ -161,7 +141,7 @@ TEST_F(ChartGestures, nothingIsLeftOfADragThatSomethingComesInto)
         release();
         bed.settle();
         QTest::qWait(30);
-        EXPECT_EQ(selections(), 0u);
+        EXPECT_EQ(selections(), 0);
         if (model.zoomRange()) {
             EXPECT_LT(model.zoomRange()->lo, model.zoomRange()->hi);
         }
@@ -174,9 +154,6 @@ TEST_F(ChartGestures, anAlertOrTheEndOfTheFoldersEndsADrag)
     bed.addFile("me", "bad.csv", "");
     model.rebuildGroups();
     bed.settle();
-    press(Qt::Key_Space);
-    QTest::qWait(50);
-    model.clearZoom();
     beginDrag();
     openJump("bad");
     ASSERT_TRUE(model.hasError());
@@ -187,22 +164,18 @@ TEST_F(ChartGestures, anAlertOrTheEndOfTheFoldersEndsADrag)
     openJump("b");
     expectNextDragToZoom();
 
-    model.clearZoom();
-    QTest::qWait(50);
     beginDrag();
     model.closeFolder();
     QTest::qWait(50);
     release();
-    model.openFolder(bed.folder("me"));
-    bed.settle();
+    bed.openFolders("me");
     openJump("b");
     expectNextDragToZoom();
 }
 
 TEST_F(ChartGestures, rowsThatAreScrolledAwayFollowThePointerWhenTheyCome)
 {
-    model.setEnabledSeries({allDataSeries.begin(), allDataSeries.end()});
-    model.setEnabledDistanceSeries({allDistanceSeries.begin(), allDistanceSeries.end()});
+    showAllRows();
     QTest::qWait(100);
     const auto dots = [this](PlotOverlay* overlay) { return overlay->dots().list.size(); };
     PlotOverlay* const last = overlays().back();

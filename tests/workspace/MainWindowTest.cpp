@@ -1,4 +1,4 @@
-#include "tests/workspace/WindowTest.h"
+#include "tests/workspace/ChartsTest.h"
 #include "tilemap/item/TileMap.h"
 
 #include <gtest/gtest.h>
@@ -6,21 +6,7 @@
 namespace ospra {
 namespace {
 
-class MainWindow : public WindowTest {};
-
-TEST_F(MainWindow, arrowKeysWalkTheJumpsAndSpaceSwitchesTheZoom)
-{
-    press(Qt::Key_Down);
-    EXPECT_EQ(model.tracks().size(), 2u);
-    EXPECT_TRUE(model.zoomRange());
-    press(Qt::Key_Space);
-    EXPECT_FALSE(model.zoomRange());
-    press(Qt::Key_Down);
-    EXPECT_EQ(model.tracks().front().file.fileName, "a");
-    press(Qt::Key_Up);
-    press(Qt::Key_Up);
-    EXPECT_TRUE(model.sidebarSelection()->isOverview());
-}
+class MainWindow : public ChartsTest {};
 
 TEST_F(MainWindow, aHoverMovesTheCursorAndDrawsNoLineAnew)
 {
@@ -60,71 +46,56 @@ TEST_F(MainWindow, theMapTakesTheArrowKeysWhileItHasTheFocus)
     EXPECT_FALSE(model.zoomRange());
 }
 
-TEST_F(MainWindow, chartsAndMapShareTheLeastWindow)
+TEST_F(MainWindow, chartsAndMapFitAnyWidthAndAnyNumberOfRows)
 {
     press(Qt::Key_Down);
-    for (const int width : {900, 1000, 1200}) {
-        SCOPED_TRACE(width);
-        window->resize(width, 600);
-        QTest::qWait(50);
-        const auto* const map = window->findChild<TileMap*>();
-        const double left = map->mapToScene({}).x();
-        const double charts = left - window->findChild<QQuickItem*>(QStringLiteral("charts"))->mapToScene({}).x();
-        EXPECT_GE(map->width(), 300.0);
-        EXPECT_GE(charts, 400.0);
-        EXPECT_NEAR(left + map->width(), width, 0.5);
-    }
-}
-
-TEST_F(MainWindow, aDragZoomsAndAShortOneDoesNot)
-{
-    press(Qt::Key_Down);
-    press(Qt::Key_Space);
     waitForPictures();
-    const PlotItem* plot = plots()[0];
-    const QPoint from = pointIn(plot, 0.25);
-    QTest::mousePress(window, Qt::LeftButton, {}, from);
-    QTest::mouseMove(window, from + QPoint(3, 0));
-    QTest::mouseRelease(window, Qt::LeftButton, {}, from + QPoint(3, 0));
-    EXPECT_FALSE(model.zoomRange());
-
-    const double first = plot->secondsAt(0.25 * plot->width());
-    const double last = plot->secondsAt(0.75 * plot->width());
-    QTest::mousePress(window, Qt::LeftButton, {}, from);
-    for (const double x : {0.3, 0.5, 0.7, 0.75}) {
-        QTest::mouseMove(window, pointIn(plot, x));
-        QTest::qWait(20);
+    window->setMinimumSize({1, 1});
+    const auto* const map = window->findChild<TileMap*>();
+    const auto* const charts = window->findChild<QQuickItem*>(QStringLiteral("charts"));
+    for (const int width : {900, 1000, 1200, 4000}) { // at 900 the charts are as narrow as they get
+        for (const std::size_t count : {std::size_t{1}, allDataSeries.size()}) {
+            SCOPED_TRACE(testing::Message() << width << " px, " << count);
+            window->resize(width, 700);
+            showAllRows();
+            if (count == 1) {
+                model.setEnabledSeries({allDataSeries[0]});
+                model.setEnabledDistanceSeries({});
+            }
+            QTest::qWait(60);
+            const std::vector<PlotItem*> list = plots();
+            ASSERT_EQ(list.size(), count == 1 ? 2u : count + 4u);
+            const double left = map->mapToScene({}).x();
+            for (const PlotItem* plot : list) {
+                EXPECT_EQ(plot->mapToScene({}).x(), list[0]->mapToScene({}).x());
+                EXPECT_EQ(plot->width(), list[0]->width());
+                EXPECT_GE(plot->height(), 70.0);
+                EXPECT_LE(plot->mapToScene({plot->width(), 0.0}).x(), left);
+            }
+            EXPECT_GE(left - charts->mapToScene({}).x(), 400.0);
+            EXPECT_GE(map->width(), 300.0);
+            EXPECT_NEAR(left + map->width(), width, 0.5);
+        }
     }
-    QTest::mouseRelease(window, Qt::LeftButton, {}, pointIn(plot, 0.75));
-    ASSERT_TRUE(model.zoomRange());
-    EXPECT_NEAR(model.zoomRange()->lo, first, 1.0);
-    EXPECT_NEAR(model.zoomRange()->hi, last, 1.0);
-    EXPECT_FALSE(model.activeZoomMode());
-}
-
-/// The text of the button that has the keyboard.
-QString focusedText(const QQuickWindow* window)
-{
-    const QQuickItem* item = window->activeFocusItem();
-    return item ? item->property("text").toString() : QString();
 }
 
 TEST_F(MainWindow, theWelcomeButtonHasTheKeyboardWhereNobodyElseWantsIt)
 {
-    const QString button = QStringLiteral("Open Jumps Folder...");
-    EXPECT_NE(focusedText(window), button) << "not while jumps are shown";
+    const auto isOnButton = [this] {
+        const QQuickItem* const item = window->activeFocusItem();
+        return item && item->property("text") == QStringLiteral("Open Jumps Folder...");
+    };
+    EXPECT_FALSE(isOnButton()) << "not while jumps are shown";
     model.closeFolder();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return focusedText(window) == button; }));
+    EXPECT_TRUE(QTest::qWaitFor(isOnButton));
 
-    // With a jump on screen the keys are the charts' again, though the button had them.
-    model.openFolder(bed.folder("me"));
-    bed.settle();
+    bed.openFolders("me");
     press(Qt::Key_Down);
     press(Qt::Key_Space);
-    EXPECT_FALSE(model.zoomRange());
+    EXPECT_FALSE(model.zoomRange()) << "with a jump on screen the keys are the charts' again";
 
-    QTest::keyClick(window, Qt::Key_Tab);
-    const QQuickItem* elsewhere = window->activeFocusItem();
+    press(Qt::Key_Tab);
+    const QQuickItem* const elsewhere = window->activeFocusItem();
     ASSERT_TRUE(elsewhere && elsewhere->mapToScene({}).x() < 200.0) << "the sidebar's menu comes first";
     model.closeFolder();
     QTest::qWait(50);

@@ -1,51 +1,44 @@
-#include "tests/workspace/WindowTest.h"
+#include "tests/workspace/ChartsTest.h"
+
+#include <QTime>
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <string>
 
 namespace ospra {
 namespace {
 
 /// Logs of jumpers that nothing has been done about, in the window with all rows on.
-class OddJumps : public WindowTest {
+class OddJumps : public ChartsTest {
 protected:
     void SetUp() override
     {
-        WindowTest::SetUp();
-        model.setEnabledSeries({allDataSeries.begin(), allDataSeries.end()});
-        model.setEnabledDistanceSeries({allDistanceSeries.begin(), allDistanceSeries.end()});
+        ChartsTest::SetUp();
+        showAllRows();
     }
 
-    /// A log of one row a second from a moment of the day on, `rest` behind the time in each.
-    static std::string log(int count, const std::string& rest, int firstSecond = 0)
+    /// A log from a second of the day on, `rest` behind the time in each row.
+    static std::string log(int seconds, const std::string& rest, int firstSecond = 0, int rowsPerSecond = 1)
     {
         std::string text = "time,lat,lon,hMSL,velN,velE,velD\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\n";
-        for (int i = 0; i < count; ++i)
-            text += time(firstSecond + i) + rest;
+        for (int second = firstSecond; second < firstSecond + seconds; ++second) {
+            const QTime time = QTime::fromMSecsSinceStartOfDay(1000 * second);
+            const std::string start = "2023-05-06T" + time.toString(Qt::ISODate).toStdString() + ".";
+            for (int row = 0; row < rowsPerSecond; ++row)
+                text += start + std::to_string(1000 + 1000 * row / rowsPerSecond).substr(1) + "Z," + rest;
+        }
         return text;
     }
 
-    static std::string time(int second)
-    {
-        std::array<char, 40> text{};
-        std::snprintf(text.data(), text.size(), "2023-05-06T%02d:%02d:%02d.00Z,", second / 3600, second / 60 % 60,
-                      second % 60);
-        return text.data();
-    }
-
-    void open(const std::string& mine, const std::string& companions)
+    void openLogs(const std::string& mine, const std::string& companions)
     {
         bed.addFile("me", "odd.csv", mine);
-        bed.addFile("friend", "odd.csv", companions);
+        bed.addFile("Maya", "odd.csv", companions);
         LoadRequest request{.jumpers = model.jumpers(), .units = model.units()};
-        for (std::size_t i = 0; i < 2; ++i)
-            request.entries.push_back({.url = bed.folder(i == 0 ? "me" : "friend") / "odd.csv",
-                                       .name = "odd",
-                                       .jumperID = model.jumpers()[i].id});
+        for (const Jumper& jumper : model.jumpers())
+            request.entries.push_back({.url = jumper.directoryURL / "odd.csv", .name = "odd", .jumperID = jumper.id});
         model.selectSidebarItem(SidebarSelection::jumpGroup(model.jumpGroups()[0]));
         bed.settle();
         model.loadTracks(request);
@@ -98,50 +91,17 @@ TEST_F(OddJumps, areDrawnHoveredAndZoomed)
     };
     for (const auto& [name, mine, companions] : rows) {
         SCOPED_TRACE(name);
-        open(mine, companions);
+        openLogs(mine, companions);
         ASSERT_FALSE(HasFatalFailure());
         EXPECT_EQ(model.tracks().size(), 2u);
         use();
     }
 }
 
-TEST_F(OddJumps, fitAnyWidthAndAnyNumberOfRows)
-{
-    press(Qt::Key_Down);
-    waitForPictures();
-    window->setMinimumSize({1, 1});
-    for (const int width : {900, 1200, 4000}) { // at 900 the charts are as narrow as they get
-        for (const std::size_t count : {std::size_t{1}, allDataSeries.size()}) {
-            SCOPED_TRACE(testing::Message() << width << " px, " << count);
-            window->resize(width, 700);
-            model.setEnabledSeries({allDataSeries.begin(), allDataSeries.begin() + std::ptrdiff_t(count)});
-            model.setEnabledDistanceSeries(count == 1 ? std::set<DistanceSeries>{}
-                                                      : std::set(allDistanceSeries.begin(), allDistanceSeries.end()));
-            QTest::qWait(60);
-            const std::vector<PlotItem*> list = plots();
-            ASSERT_EQ(list.size(), count == 1 ? 2u : count + 4u);
-            for (const PlotItem* plot : list) {
-                EXPECT_EQ(plot->mapToScene({}).x(), list[0]->mapToScene({}).x());
-                EXPECT_EQ(plot->width(), list[0]->width());
-                EXPECT_GE(plot->height(), 70.0);
-                EXPECT_LE(plot->mapToScene({plot->width(), 0.0}).x(), width);
-            }
-        }
-    }
-}
-
 TEST_F(OddJumps, twoMillionSamplesAreDrawnAndHovered)
 {
     constexpr int seconds = 80'000;
-    std::string text = "time,lat,lon,hMSL,velN,velE,velD\n,(deg),(deg),(m),(m/s),(m/s),(m/s)\n";
-    for (int second = 0; second < seconds; ++second) {
-        std::string start = time(second);
-        start.resize(start.size() - 4);
-        for (const char* const part : {"00", "04", "08", "12", "16", "20", "24", "28", "32", "36", "40", "44", "48",
-                                       "52", "56", "60", "64", "68", "72", "76", "80", "84", "88", "92", "96"})
-            text += start + part + "Z,47.1,8.2,1234.5,10.1,2.2,3.3\n";
-    }
-    open(text, log(60, "47,8,1000,1,1,0\n"));
+    openLogs(log(seconds, "47.1,8.2,1234.5,10.1,2.2,3.3\n", 0, 25), log(60, "47,8,1000,1,1,0\n"));
     ASSERT_EQ(model.tracks()[0].elapsed.size(), 2'000'000u);
     const int before = plots()[0]->rasterCount();
     QTest::mouseMove(window, pointIn(plots()[0], 0.5));

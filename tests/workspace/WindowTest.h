@@ -1,95 +1,64 @@
 #pragma once
 
-#include "plot/PlotItem.h"
-#include "plot/PlotOverlay.h"
 #include "tests/core/ModelTestBed.h"
+#include "workspace/shell/CheckForUpdatesViewModel.h"
+#include "workspace/shell/UnitsSetting.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTest>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 #include <vector>
 
 namespace ospra {
 
-/// The real window on a model with two jumps, the newer one with a companion.
-class WindowTest : public ::testing::Test {
+/// The real window with its menus, on a model of the test's own without folders. QML that warns fails.
+class WindowTest : public ModelTest {
 protected:
-    void SetUp() override
-    {
-        bed.addLog("me", "a.csv");
-        bed.addLog("me", "b.csv", {.startSeconds = JumpPlan{}.startSeconds + 7200.0});
-        bed.addLog("friend", "b.csv", {.startSeconds = JumpPlan{}.startSeconds + 7201.0});
-        QObject::connect(&engine, &QQmlEngine::warnings, [this](const QList<QQmlError>& errors) {
-            for (const QQmlError& error : errors)
-                warnings.append(error.toString());
-        });
-        engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-        engine.setInitialProperties({{QStringLiteral("source"), QVariant::fromValue(&model)}});
-        engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Ospra/Workspace/MainWindow.qml")));
-        window = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
-        ASSERT_TRUE(window);
-        window->requestActivate();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-        model.openFolder(bed.folder("me"));
-        model.addCompanion(bed.folder("friend"));
-        bed.settle();
-    }
+    WindowTest();
+    void SetUp() override { openMainWindow(nullptr); }
+    void TearDown() override;
 
-    void TearDown() override { EXPECT_EQ(warnings.join(QLatin1Char('\n')).toStdString(), ""); }
+    void openMainWindow(CheckForUpdatesViewModel* updates);
+    /// The window that a QML document describes.
+    void open(const QByteArray& document, const QVariantMap& properties);
+    /// Opens a folder of two jumps, the newer one with a companion, who is added.
+    void openJumps();
 
-    void press(Qt::Key key)
-    {
-        QTest::keyClick(window, key);
-        bed.settle();
-    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1);
 
-    /// The plots on screen, top to bottom.
-    std::vector<PlotItem*> plots() const
+    /// A menu of the bar, by its position, and what it shows: texts, "-" for lines, "(text)" where disabled.
+    [[nodiscard]] QObject* menu(int position) const;
+    [[nodiscard]] static QString entries(QObject* menu);
+    /// What a menu or the bar of menus has at an index.
+    [[nodiscard]] static QQuickItem* itemAt(QObject* menu, int index);
+    /// The items of a type that can be seen, a parent before its children.
+    template <typename Item = QQuickItem>
+    static std::vector<Item*> visibleItems(QQuickItem* parent)
     {
-        std::vector<PlotItem*> list;
-        collect(window->contentItem(), list);
-        return list;
-    }
-
-    std::vector<PlotOverlay*> overlays() const
-    {
-        std::vector<PlotOverlay*> list;
-        collect(window->contentItem(), list);
-        return list;
-    }
-
-    template <typename Item>
-    static void collect(QQuickItem* parent, std::vector<Item*>& list)
-    {
-        if (auto* item = qobject_cast<Item*>(parent); item && item->isVisible())
+        std::vector<Item*> list;
+        if (!parent->isVisible())
+            return list;
+        if (auto* const item = qobject_cast<Item*>(parent))
             list.push_back(item);
-        for (QQuickItem* child : parent->childItems())
-            collect(child, list);
+        for (QQuickItem* const child : parent->childItems())
+            std::ranges::copy(visibleItems<Item>(child), std::back_inserter(list));
+        return list;
     }
+    /// An item somewhere in the window whose property has the value; null if none can be seen.
+    [[nodiscard]] QQuickItem* itemWith(const char* property, const QVariant& value) const;
+    /// The other window with that title that is on screen; null if there is none.
+    [[nodiscard]] static QQuickWindow* windowTitled(const QString& title);
 
-    static QPoint pointIn(const PlotItem* plot, double x)
-    {
-        return plot->mapToScene(QPointF(x * plot->width(), plot->height() / 2)).toPoint();
-    }
-
-    void waitForPictures() const
-    {
-        ASSERT_TRUE(QTest::qWaitFor([this] {
-            const std::vector<PlotItem*> list = plots();
-            return !list.empty() && std::ranges::all_of(list, [](PlotItem* plot) { return plot->rasterCount() > 0; });
-        }));
-        QTest::qWait(100);
-    }
-
-    ModelTestBed bed;
-    OspraModel& model = bed.model();
+    UnitsSetting units{std::shared_ptr<SettingsStore>(&bed.settings(), [](SettingsStore*) {}), true, model};
     QStringList warnings;
-    QQmlApplicationEngine engine;
+    std::unique_ptr<QQmlApplicationEngine> engine = std::make_unique<QQmlApplicationEngine>();
     QQuickWindow* window = nullptr;
 };
 

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace ospra {
 namespace {
 
@@ -17,18 +15,15 @@ QVariant valueOf(const QAbstractListModel& list, int row, const char* role)
     return list.data(list.index(row), list.roleNames().key(role));
 }
 
-class ChartRows : public ::testing::Test {
+class ChartRows : public ModelTest {
 protected:
     void SetUp() override
     {
         rows.setSource(&model);
         bed.addLog("me", "a.csv");
         bed.addLog("friend", "a.csv", {.openingAltitude = 900.0});
-        model.openFolder(bed.folder("me"));
-        model.addCompanion(bed.folder("friend"));
-        bed.settle();
-        model.selectNextJump();
-        bed.settle();
+        bed.openFolders("me", {"friend"});
+        bed.openNextJump();
     }
 
     QStringList titles() const
@@ -39,8 +34,6 @@ protected:
         return list;
     }
 
-    ModelTestBed bed;
-    OspraModel& model = bed.model();
     ChartRowsModel rows;
 };
 
@@ -101,44 +94,28 @@ TEST_F(ChartRows, aHoverChangesReadingsAndDotsButNoDataOfTheList)
     }
 }
 
-TEST_F(ChartRows, moveTheCursorAndTellWhereASelectionBegins)
+TEST_F(ChartRows, letASelectionBeginInSightWhereTheCursorWasNot)
 {
     const TimeRange shown = model.displayRange();
-    const auto& elapsed = model.tracks().front().elapsed;
-    const auto first = std::ranges::lower_bound(elapsed, shown.lo);
-    EXPECT_DOUBLE_EQ(rows.moveCursor(ChartRowsModel::Forward), *first) << "where it stands now";
-    EXPECT_DOUBLE_EQ(rows.moveCursor(ChartRowsModel::Forward), *first) << "where it stood";
-    EXPECT_DOUBLE_EQ(rows.hoveredSeconds(), *(first + 1));
-    rows.hoverAt(elapsed.front());
-    ASSERT_LT(elapsed.front(), shown.lo);
+    const double first = model.tracks().front().elapsed.front();
+    ASSERT_LT(first, shown.lo);
+    rows.hoverAt(first);
     const double start = rows.moveCursor(ChartRowsModel::Back);
-    EXPECT_DOUBLE_EQ(start, rows.hoveredSeconds()) << "the one before is out of sight";
+    EXPECT_DOUBLE_EQ(start, rows.hoveredSeconds());
     EXPECT_LE(rows.hoveredSeconds(), shown.hi);
     EXPECT_GT(rows.hoveredSeconds(), shown.hi - 1.0);
 }
 
-TEST_F(ChartRows, offerTheZoomsOfTheFirstTracksPhases)
+TEST_F(ChartRows, switchAZoomThatIsOnOff)
 {
     ZoomModesModel zooms;
     zooms.setSource(&model);
-    ASSERT_EQ(zooms.rowCount(), 4);
-    const auto onlyOn = [&zooms] {
-        QStringList on;
-        for (int row = 0; row < zooms.rowCount(); ++row)
-            if (valueOf(zooms, row, "isOn").toBool())
-                on.append(valueOf(zooms, row, "text").toString());
-        return on.join(QLatin1Char(','));
-    };
-    EXPECT_EQ(onlyOn(), "FF+Canopy");
-    zooms.activate(2);
-    EXPECT_EQ(onlyOn(), "Freefall");
-    EXPECT_EQ(model.activeZoomMode(), ZoomMode::freefall);
-    zooms.activate(2);
-    EXPECT_EQ(onlyOn(), "All") << "a zoom that is on is switched off";
-    zooms.activate(0);
-    EXPECT_EQ(onlyOn(), "All");
-    model.zoomToDrag(10.0, 20.0);
-    EXPECT_EQ(onlyOn(), "All") << "though the view is zoomed";
+    for (const bool isOn : {true, false}) {
+        zooms.activate(2);
+        EXPECT_EQ(valueOf(zooms, 2, "isOn"), isOn);
+        EXPECT_EQ(valueOf(zooms, 0, "isOn"), !isOn) << "that of all";
+        EXPECT_EQ(model.activeZoomMode() == ZoomMode::freefall, isOn);
+    }
 }
 
 } // namespace

@@ -1,39 +1,31 @@
-#include "tests/core/ModelTestBed.h"
+#include "tests/workspace/WindowTest.h"
 #include "tilemap/item/MapAnchor.h"
 #include "tilemap/item/TileMap.h"
 #include "workspace/FlightMapModel.h"
 #include "workspace/OspraApp.h"
 #include "workspace/flightPaths.h"
 
-#include <QQmlApplicationEngine>
-#include <QQmlComponent>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
 
 namespace ospra {
 namespace {
 
 /// The flight map in a window of 400 x 500 on a model with a jump of two.
-class FlightMap : public ::testing::Test {
+class FlightMap : public WindowTest {
 protected:
     void SetUp() override
     {
         bed.addLog("me", "a.csv", {.rate = 10.0});
         bed.addLog("friend", "a.csv",
-                   {.rate = 10.0, .groundSeconds = 5.0, .startSeconds = JumpPlan{}.startSeconds + 1.0});
-        QObject::connect(&engine, &QQmlEngine::warnings, [this](const QList<QQmlError>& errors) {
-            for (const QQmlError& error : errors)
-                warnings.append(error.toString());
-        });
-        engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-        QQmlComponent component(&engine);
-        component.setData(R"(
+                   {.rate = 10.0,
+                    .groundSeconds = 5.0,
+                    .start = {.latitude = 47.001, .longitude = 8.0},
+                    .startSeconds = JumpPlan{}.startSeconds + 1.0});
+        open(R"(
             import QtQuick
             import Ospra.Workspace
             Window {
@@ -42,25 +34,16 @@ protected:
                 width: 400; height: 500; visible: true
                 FlightPathMapView { anchors.fill: parent; source: root.source }
             })",
-                          QUrl(QStringLiteral("qrc:/test.qml")));
-        window.reset(qobject_cast<QQuickWindow*>(
-            component.createWithInitialProperties({{QStringLiteral("source"), QVariant::fromValue(&model)}})));
-        ASSERT_TRUE(window) << component.errorString().toStdString();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+             {{QStringLiteral("source"), QVariant::fromValue(&model)}});
         map = window->findChild<TileMap*>();
         flight = window->findChild<FlightMapModel*>();
         ASSERT_TRUE(map && flight);
     }
 
-    void TearDown() override { EXPECT_EQ(warnings.join(QLatin1Char('\n')), ""); }
-
     void load()
     {
-        model.openFolder(bed.folder("me"));
-        model.addCompanion(bed.folder("friend"));
-        bed.settle();
-        model.selectNextJump();
-        bed.settle();
+        bed.openFolders("me", {"friend"});
+        bed.openNextJump();
         settle();
     }
 
@@ -72,26 +55,22 @@ protected:
         QTest::qWait(60);
     }
 
-    /// The anchor that a screen reader knows by this name.
-    MapAnchor* anchor(const QString& name) const
+    /// Where an item of the map stands that has this text.
+    Coordinate placeOf(const char* property, const QString& text) const
     {
-        for (QQuickItem* const item : map->childItems()) {
-            if (item->property("title") == name || item->property("text") == name)
-                return qobject_cast<MapAnchor*>(item);
-        }
-        return nullptr;
+        return qobject_cast<MapAnchor*>(itemWith(property, text))->place().coordinate();
     }
 
     /// The markers under the cursor that can be seen, in their order.
     std::vector<MapAnchor*> markers() const
     {
         std::vector<MapAnchor*> list;
-        for (QQuickItem* const item : map->childItems()) {
-            if (item->property("markerColor").isValid() && item->isVisible())
-                list.push_back(qobject_cast<MapAnchor*>(item));
-        }
+        for (MapAnchor* const anchor : visibleItems<MapAnchor>(map))
+            if (anchor->property("markerColor").isValid())
+                list.push_back(anchor);
         return list;
     }
+
     QStringList names() const
     {
         QStringList list;
@@ -100,39 +79,33 @@ protected:
         return list;
     }
 
-    ModelTestBed bed;
-    OspraModel& model = bed.model();
-    QStringList warnings;
-    QQmlEngine engine;
-    std::unique_ptr<QQuickWindow> window;
     TileMap* map = nullptr;
     FlightMapModel* flight = nullptr;
 };
 
 TEST(FlightPaths, areDrawnByPhase)
 {
-    struct Row {
+    const struct {
         JumpPhase phase;
         double width;
         DashPattern dash;
-    };
-    const Row rows[] = {{JumpPhase::aircraft, 1.5, {6, 4}},
-                        {JumpPhase::freefall, 3.0, {}},
-                        {JumpPhase::deployment, 3.0, {4, 3}},
-                        {JumpPhase::canopy, 2.1, {8, 3}},
-                        {JumpPhase::ground, 0.9, {2, 4}}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(displayName(row.phase));
-        VisibleMapSegment segment{.id = "x", .phase = row.phase, .isPrimary = true, .opacity = 0.4};
+    } rows[] = {{JumpPhase::aircraft, 1.5, {6, 4}},
+                {JumpPhase::freefall, 3.0, {}},
+                {JumpPhase::deployment, 3.0, {4, 3}},
+                {JumpPhase::canopy, 2.1, {8, 3}},
+                {JumpPhase::ground, 0.9, {2, 4}}};
+    for (const auto& [phase, width, dash] : rows) {
+        SCOPED_TRACE(displayName(phase));
+        VisibleMapSegment segment{.id = "x", .phase = phase, .isPrimary = true, .opacity = 0.4};
         const MapPath path = segmentPath(segment, 0x123456);
-        EXPECT_NEAR(path.width, row.width, 1e-9);
-        EXPECT_EQ(path.dash, row.dash);
+        EXPECT_NEAR(path.width, width, 1e-9);
+        EXPECT_EQ(path.dash, dash);
         EXPECT_EQ(path.color, 0x123456u);
         EXPECT_EQ(path.opacity, 0.4);
         EXPECT_NEAR(path.casingOpacity, 0.18, 1e-9);
-        EXPECT_NEAR(path.casingWidth, row.width + 2.0, 1e-9);
+        EXPECT_NEAR(path.casingWidth, width + 2.0, 1e-9);
         segment.isPrimary = false;
-        EXPECT_NEAR(segmentPath(segment, 0).width, row.width * 2.5 / 3.0, 1e-9);
+        EXPECT_NEAR(segmentPath(segment, 0).width, width * 2.5 / 3.0, 1e-9);
     }
 }
 
@@ -161,7 +134,7 @@ TEST_F(FlightMap, drawsPathsInOrderAndTheJumpRunAboveThem)
     const JumpRunLine line = *jumpRunLine(model.tracks());
     EXPECT_EQ(*paths.back().coordinates, (std::vector{line.start, line.end}));
     EXPECT_NEAR(flight->jumpRunBearing(), 90.0, 1.0); // the climb goes to the east
-    EXPECT_EQ(anchor("Jump Run")->place().coordinate(), line.start);
+    EXPECT_EQ(placeOf("text", "Jump Run"), line.start);
 }
 
 TEST_F(FlightMap, marksExitAndLandingOfTheFirstVisibleTrack)
@@ -172,9 +145,9 @@ TEST_F(FlightMap, marksExitAndLandingOfTheFirstVisibleTrack)
         const JumpTrack& first = model.tracks()[isHidden ? 1 : 0];
         const auto* const freefall = findPhase(first.phases, JumpPhase::freefall);
         ASSERT_TRUE(freefall);
-        EXPECT_EQ(anchor("Exit")->place().coordinate(),
+        EXPECT_EQ(placeOf("title", "Exit"),
                   first.file.dataPoints[static_cast<std::size_t>(freefall->startIndex)].coordinate);
-        EXPECT_EQ(anchor("Landing")->place().coordinate(), first.file.dataPoints.back().coordinate);
+        EXPECT_EQ(placeOf("title", "Landing"), first.file.dataPoints.back().coordinate);
         model.toggleTrackVisibility(model.tracks().front().id);
         settle();
     }
@@ -186,8 +159,8 @@ TEST_F(FlightMap, hasNoExitWithoutAFreefall)
     std::filesystem::resize_file(log, std::filesystem::file_size(log) / 8); // somewhere in the climb
     load();
     ASSERT_FALSE(findPhase(model.tracks().front().phases, JumpPhase::freefall));
-    EXPECT_FALSE(anchor("Exit")->isVisible());
-    EXPECT_TRUE(anchor("Landing")->isVisible());
+    EXPECT_FALSE(itemWith("title", "Exit"));
+    EXPECT_TRUE(itemWith("title", "Landing"));
 }
 
 TEST_F(FlightMap, movesMarkersAloneWithTheCursor)
@@ -214,14 +187,10 @@ TEST_F(FlightMap, movesMarkersAloneWithTheCursor)
     EXPECT_EQ(names(), QStringList{"Me"});
     model.setHoveredSeconds(std::nullopt);
     EXPECT_TRUE(markers().empty());
-}
 
-TEST_F(FlightMap, callsTheFirstVisibleJumperMe)
-{
-    load();
-    model.toggleTrackVisibility(model.tracks().front().id);
+    model.toggleTrackVisibility(model.tracks()[0].id);
     model.setHoveredSeconds(160.0);
-    EXPECT_EQ(names(), QStringList{"Me"});
+    EXPECT_EQ(names(), QStringList{"Me"}) << "the first that is visible";
     EXPECT_EQ(markers().front()->property("markerColor").value<QColor>(), QColor(0xf0c419));
 }
 
@@ -259,9 +228,8 @@ TEST_F(FlightMap, isEmptyWithoutTracks)
     bed.settle();
     settle();
     EXPECT_TRUE(markers().empty());
-    for (const char* const name : {"Exit", "Landing", "Jump Run"})
-        EXPECT_FALSE(anchor(name)->isVisible()) << name;
-    EXPECT_TRUE(model.tracks().empty() == map->content().paths.empty());
+    EXPECT_FALSE(itemWith("title", "Exit") || itemWith("title", "Landing") || itemWith("text", "Jump Run"));
+    EXPECT_TRUE(map->content().paths.empty());
 }
 
 } // namespace

@@ -8,7 +8,7 @@
 namespace ospra {
 namespace {
 
-class Sidebar : public ::testing::Test {
+class Sidebar : public ModelTest {
 protected:
     void SetUp() override
     {
@@ -21,16 +21,6 @@ protected:
         return sidebar.data(sidebar.index(row), sidebar.roleNames().key(role));
     }
 
-    int rowOfKind(SidebarModel::RowKind kind) const
-    {
-        for (int row = 0; row < sidebar.rowCount(); ++row)
-            if (value(row, "kind") == kind)
-                return row;
-        return -1;
-    }
-
-    ModelTestBed bed;
-    OspraModel& model = bed.model();
     SidebarModel sidebar;
     ContentState state;
 };
@@ -51,11 +41,9 @@ TEST_F(Sidebar, isEmptyWithoutJumpsAlsoWhenTheOverviewIsSelected)
 TEST_F(Sidebar, listsTheOverviewAndTheJumpsUnderTheirDays)
 {
     bed.addLog("me", "a.csv");
-    bed.addLog("friend", "x.csv", {.startSeconds = JumpPlan{}.startSeconds + 3.0});
+    bed.addLog("friend", "x.csv", later(3.0));
     bed.addFile("me", "empty.csv", "");
-    model.openFolder(bed.folder("me"));
-    model.addCompanion(bed.folder("friend"));
-    bed.settle();
+    bed.openFolders("me", {"friend"});
     ASSERT_EQ(sidebar.rowCount(), 5);
     EXPECT_EQ(value(0, "title"), "Overview");
     EXPECT_EQ(sidebar.selectedRow(), 0);
@@ -78,22 +66,6 @@ TEST_F(Sidebar, listsTheOverviewAndTheJumpsUnderTheirDays)
     EXPECT_EQ(sidebar.selectedRow(), 4) << "a heading is nothing to select";
     sidebar.activate(0);
     EXPECT_EQ(state.screen(), ContentState::Overview);
-}
-
-TEST_F(Sidebar, aDayFilterNarrowsTheListAndItsRowTakesItAway)
-{
-    bed.addLog("me", "a.csv");
-    bed.addLog("me", "b.csv", {.startSeconds = JumpPlan{}.startSeconds + 5 * 86400.0});
-    model.openFolder(bed.folder("me"));
-    bed.settle();
-    ASSERT_EQ(sidebar.rowCount(), 5);
-    model.setOverviewSelectedDay(Instant{JumpPlan{}.startSeconds});
-    ASSERT_EQ(sidebar.rowCount(), 5) << "overview, filter heading, filter, day, jump";
-    EXPECT_EQ(value(4, "name"), "a");
-    EXPECT_TRUE(value(2, "title").toString().startsWith("Showing "));
-    sidebar.activate(rowOfKind(SidebarModel::Filter));
-    EXPECT_FALSE(model.overviewSelectedDay());
-    EXPECT_EQ(rowOfKind(SidebarModel::Filter), -1);
 }
 
 } // namespace

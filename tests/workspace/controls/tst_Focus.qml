@@ -67,10 +67,6 @@ Item {
             verify(toggle.activeFocus);
             verify(root.ringOf(toggle).visible);
             verify(!root.ringOf(first).visible);
-            keyClick(Qt.Key_Tab);
-            verify(root.ringOf(segments).visible);
-            keyClick(Qt.Key_Backtab);
-            verify(root.ringOf(toggle).visible);
             mouseClick(toggle);
             verify(toggle.activeFocus);
             verify(!root.ringOf(toggle).visible);
@@ -97,23 +93,22 @@ Item {
             compare(number.Accessible.role, Accessible.StaticText);
         }
 
-        function test_spaceAndReturnPress() {
-            root.isOn = false;
-            toggle.forceActiveFocus();
-            for (const [key, expected] of [[Qt.Key_Space, true], [Qt.Key_Return, false], [Qt.Key_Enter, true]]) {
-                keyClick(key);
-                compare(root.isOn, expected);
-                compare(toggle.isOn, expected);
-            }
+        function test_presses_data() {
+            return [
+                { tag: "Space", press: () => keyClick(Qt.Key_Space) },
+                { tag: "Return", press: () => keyClick(Qt.Key_Return) },
+                { tag: "Enter", press: () => keyClick(Qt.Key_Enter) },
+                { tag: "assistive technology", press: () => toggle.press() }
+            ];
         }
 
-        function test_assistiveTechnologyPresses() {
-            root.isOn = false;
-            toggle.press();
-            compare(root.isOn, true);
-            compare(toggle.Accessible.checked, true);
-            compare(toggle.Accessible.role, Accessible.Button);
-            compare(toggle.Accessible.name, "Toggle");
+        function test_presses(data) {
+            toggle.forceActiveFocus();
+            for (const expected of [!root.isOn, root.isOn]) {
+                data.press();
+                compare(root.isOn, expected);
+                compare(toggle.Accessible.checked, expected);
+            }
         }
 
         function test_aDisabledControlCannotBePressed() {
@@ -121,7 +116,6 @@ Item {
             toggle.enabled = false;
             mouseClick(toggle);
             compare(root.isOn, false);
-            compare(toggle.opacity, 0.38);
             toggle.enabled = true;
         }
     }

@@ -55,11 +55,6 @@ Item {
             }
         }
 
-        function test_aClickAsksForTheOption() {
-            mouseClick(control, control.width - 20, control.height / 2);
-            compare(root.choice, 2);
-        }
-
         function test_theStateDecidesWhatIsChosen() {
             mouseClick(stubborn, stubborn.width - 20, stubborn.height / 2);
             compare(asked.count, 1);

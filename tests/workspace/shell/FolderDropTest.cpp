@@ -1,4 +1,4 @@
-#include "tests/workspace/shell/ShellTestBed.h"
+#include "tests/workspace/WindowTest.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -8,13 +8,13 @@
 namespace ospra {
 namespace {
 
-class FolderDrop : public ShellTestBed {
+class FolderDrop : public WindowTest {
 protected:
     void SetUp() override
     {
         bed.addLog("me", "a.csv");
         bed.addLog("Maya", "b.csv");
-        openWindow();
+        WindowTest::SetUp();
     }
 
     void drag(const std::vector<std::filesystem::path>& paths)
@@ -67,9 +67,10 @@ protected:
     }
     [[nodiscard]] QPoint middle() const { return {window->width() / 2, window->height() / 2}; }
 
-    [[nodiscard]] std::vector<std::string> names() const
+    using Names = std::vector<std::string>;
+    [[nodiscard]] Names names() const
     {
-        std::vector<std::string> list;
+        Names list;
         for (const Jumper& jumper : model.jumpers())
             list.push_back(jumper.name);
         return list;
@@ -77,8 +78,6 @@ protected:
 
     QMimeData data;
 };
-
-using Names = std::vector<std::string>;
 
 TEST_F(FolderDrop, aFolderBecomesThePrimarysAndWithShiftACompanions)
 {
@@ -88,16 +87,14 @@ TEST_F(FolderDrop, aFolderBecomesThePrimarysAndWithShiftACompanions)
     EXPECT_TRUE(drop(Qt::ShiftModifier)); // there is nobody whose companion this could be
     EXPECT_FALSE(isOffered());
     EXPECT_EQ(names(), Names{"me"});
-    bed.settle();
-    drag({bed.folder("Maya")});
-    ASSERT_TRUE(waitUntilOffered());
-    EXPECT_TRUE(drop(Qt::ShiftModifier));
-    EXPECT_EQ(names(), (Names{"me", "Maya"}));
-    bed.settle();
-    drag({bed.folder("Maya")});
-    ASSERT_TRUE(waitUntilOffered());
-    EXPECT_TRUE(drop());
-    EXPECT_EQ(names(), Names{"Maya"});
+    for (const auto& [modifiers, wanted] :
+         {std::pair(Qt::ShiftModifier, Names{"me", "Maya"}), std::pair(Qt::NoModifier, Names{"Maya"})}) {
+        bed.settle();
+        drag({bed.folder("Maya")});
+        ASSERT_TRUE(waitUntilOffered());
+        EXPECT_TRUE(drop(modifiers));
+        EXPECT_EQ(names(), wanted);
+    }
     bed.settle();
 }
 
@@ -113,7 +110,8 @@ TEST_F(FolderDrop, aDropBeforeTheAnswerWaitsForIt)
 
 TEST_F(FolderDrop, whatIsNoFolderIsRefused)
 {
-    drag({bed.addFile("me", "notes.txt", "x"), bed.folder("me") / "gone"});
+    const std::filesystem::path file = bed.addFile("me", "notes.txt", "x");
+    drag({file, bed.folder("me") / "gone"});
     EXPECT_TRUE(QTest::qWaitFor([this] { return !move(QRandomGenerator::global()->bounded(50)); }));
     EXPECT_FALSE(isOffered());
     EXPECT_FALSE(drop());
@@ -128,7 +126,7 @@ TEST_F(FolderDrop, whatIsNoFolderIsRefused)
     QTest::qWait(30);
     EXPECT_TRUE(model.jumpers().empty());
 
-    drag({bed.addFile("me", "notes.txt", "x"), bed.folder("Maya")}); // the first folder counts
+    drag({file, bed.folder("Maya")}); // the first folder counts
     ASSERT_TRUE(waitUntilOffered());
     EXPECT_TRUE(drop());
     EXPECT_EQ(names(), Names{"Maya"});

@@ -1,4 +1,4 @@
-#include "tests/workspace/shell/ShellTestBed.h"
+#include "tests/workspace/WindowTest.h"
 #include "workspace/shell/TerminationSignals.h"
 #include "workspace/shell/mapCredits.h"
 #include "workspace/theme/desktop/Appearance.h"
@@ -11,22 +11,7 @@
 namespace ospra {
 namespace {
 
-/// The words of all labels below an item that are to be seen.
-QStringList textsIn(const QQuickItem& item)
-{
-    QStringList texts;
-    const QList<QQuickItem*> children = item.childItems();
-    for (const QQuickItem* child : children) {
-        if (!child->isVisible())
-            continue;
-        if (child->inherits("QQuickText"))
-            texts.append(child->property("text").toString());
-        texts.append(textsIn(*child));
-    }
-    return texts;
-}
-
-class ShellWindows : public ShellTestBed {
+class ShellWindows : public WindowTest {
 protected:
     void openSettings()
     {
@@ -38,43 +23,32 @@ protected:
 
     void openAbout()
     {
-        QQuickItem* entry = nullptr;
-        QMetaObject::invokeMethod(menu(0), "itemAt", Q_RETURN_ARG(QQuickItem*, entry), Q_ARG(int, 0));
-        QMetaObject::invokeMethod(entry, "press");
-        ASSERT_TRUE(windowTitled(QStringLiteral("About Ospra")));
+        QMetaObject::invokeMethod(itemAt(menu(0), 0), "press");
+        about = windowTitled(QStringLiteral("About Ospra"));
+        ASSERT_TRUE(about);
     }
 
     QQuickWindow* settings = nullptr;
+    QQuickWindow* about = nullptr;
 };
 
 TEST_F(ShellWindows, theChoiceOfUnitsReachesTheModelThroughTheStoreOnly)
 {
-    openWindow();
-    openFolders();
-    press(Qt::Key_Down);
     openSettings();
     EXPECT_FALSE(bed.settings().contains("useMetric"));
-    const double metres = model.chartData().front()[DataSeries::elevation][0].value;
     QTest::keyClick(settings, Qt::Key_Down);
     EXPECT_TRUE(bed.settings().contains("useMetric"));
-    EXPECT_FALSE(bed.settings().boolean("useMetric"));
-    EXPECT_FALSE(units.useMetric());
+    EXPECT_FALSE(bed.settings().boolean("useMetric") || units.useMetric());
     EXPECT_TRUE(model.useMetric());
     bed.settings().deliver();
     EXPECT_FALSE(model.useMetric());
-    EXPECT_NEAR(model.chartData().front()[DataSeries::elevation][0].value, metres * 3.28084, 1e-6);
     bed.settings().deliver(); // of the model's own write
     QTest::keyClick(settings, Qt::Key_Up);
     bed.settings().deliver();
     EXPECT_TRUE(model.useMetric());
-}
 
-TEST_F(ShellWindows, thePaneFollowsAChangeByAnother)
-{
-    openWindow();
-    openSettings();
     const QSignalSpy told(&units, &UnitsSetting::useMetricChanged);
-    bed.settings().setBoolean("useMetric", false);
+    bed.settings().setBoolean("useMetric", false); // by another
     bed.settings().deliver();
     EXPECT_GE(told.count(), 1);
     EXPECT_FALSE(units.useMetric());
@@ -82,26 +56,23 @@ TEST_F(ShellWindows, thePaneFollowsAChangeByAnother)
 
 TEST_F(ShellWindows, askedForTwiceIsShownOnceAndEscapeCloses)
 {
-    openWindow();
     openSettings();
     EXPECT_EQ(settings->width(), 300);
     EXPECT_EQ(settings->transientParent(), window);
     QQuickWindow* const first = settings;
-    window->requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    openSettings();
-    EXPECT_EQ(settings, first);
-    QTest::keyClick(settings, Qt::Key_Escape);
-    EXPECT_FALSE(windowTitled(QStringLiteral("Settings")));
-    window->requestActivate();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    openSettings();
-    EXPECT_EQ(settings, first);
+    for (const bool isClosed : {false, true}) {
+        if (isClosed)
+            QTest::keyClick(settings, Qt::Key_Escape);
+        EXPECT_EQ(windowTitled(QStringLiteral("Settings")), isClosed ? nullptr : first);
+        window->requestActivate();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+        openSettings();
+        EXPECT_EQ(settings, first);
+    }
 }
 
 TEST_F(ShellWindows, openWindowsFollowTheDesktop)
 {
-    openWindow();
     openSettings();
     const int height = settings->height();
     const QColor light = settings->color();
@@ -117,12 +88,9 @@ TEST_F(ShellWindows, openWindowsFollowTheDesktop)
 
 TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)
 {
-    openWindow();
     openAbout();
-    QQuickWindow* const about = windowTitled(QStringLiteral("About Ospra"));
-    ASSERT_TRUE(about);
     ASSERT_TRUE(QTest::qWaitForWindowActive(about));
-    ASSERT_TRUE(QTest::qWaitFor([about] { return about->activeFocusItem() != nullptr; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return about->activeFocusItem() != nullptr; }));
     const int height = about->height();
     QTest::keyClick(about, Qt::Key_Space); // the button that shows the licence has the focus
     EXPECT_TRUE(about->property("showsLicence").toBool());
@@ -137,7 +105,6 @@ TEST_F(ShellWindows, aboutTellsVersionLibrariesAndTheLicence)
 
 TEST_F(ShellWindows, aboutNamesEveryGiverOfMapsOnce)
 {
-    openWindow();
     const std::vector<MapSource> sources{{.id = "a", .attribution = "© Höhe & Co"},
                                          {.id = "b"},
                                          {.id = "c", .attribution = "Tiles by <C>"},
@@ -145,7 +112,10 @@ TEST_F(ShellWindows, aboutNamesEveryGiverOfMapsOnce)
     // As the running program does once it has read them.
     ASSERT_TRUE(window->setProperty("mapCredits", QVariant::fromValue(mapCredits(sources))));
     openAbout();
-    const QStringList shown = textsIn(*windowTitled(QStringLiteral("About Ospra"))->contentItem());
+    QStringList shown;
+    for (const QQuickItem* const item : visibleItems(about->contentItem()))
+        if (item->inherits("QQuickText"))
+            shown.append(item->property("text").toString());
     EXPECT_EQ(shown.count(QStringLiteral("© Höhe & Co")), 1);
     EXPECT_EQ(shown.count(QStringLiteral("Tiles by <C>")), 1);
     EXPECT_FALSE(shown.contains(QString())); // of the source that asks for no words

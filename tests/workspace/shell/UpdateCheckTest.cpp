@@ -1,4 +1,4 @@
-#include "tests/workspace/shell/ShellTestBed.h"
+#include "tests/workspace/WindowTest.h"
 #include "tests/workspace/update/LoopbackServer.h"
 
 #include <QDesktopServices>
@@ -28,8 +28,10 @@ public slots:
     void open(const QUrl& address) { opened.append(address); }
 };
 
-class UpdateCheck : public ShellTestBed {
+class UpdateCheck : public WindowTest {
 protected:
+    void SetUp() override { openMainWindow(&updates); }
+
     void checkQuietly()
     {
         updates.start();
@@ -52,8 +54,7 @@ protected:
 TEST_F(UpdateCheck, theEntryIsThereWithAFeedAndFollowsTheCheck)
 {
     server.setDocument(QStringLiteral("/feed"), feedOf("1.2.0"));
-    openWindow(&updates);
-    const auto item = [this] { return entries(menu(0)).value(1); };
+    const auto item = [this] { return entries(menu(0)).section(QStringLiteral(", "), 1, 1); };
     EXPECT_EQ(item(), QStringLiteral("(Check for Updates…)"));
     checkQuietly();
     EXPECT_EQ(item(), QStringLiteral("Check for Updates…"));
@@ -64,10 +65,9 @@ TEST_F(UpdateCheck, theEntryIsThereWithAFeedAndFollowsTheCheck)
     EXPECT_EQ(server.requests.size(), 2);
 }
 
-TEST_F(UpdateCheck, withoutAFeedThereIsNoEntry)
+TEST_F(WindowTest, withoutAFeedHasNoEntryForUpdates)
 {
-    openWindow();
-    EXPECT_EQ(entries(menu(0)).join(QLatin1Char('|')), QStringLiteral("About Ospra|-|Settings…|-|Quit"));
+    EXPECT_EQ(entries(menu(0)), QStringLiteral("About Ospra, -, Settings…, -, Quit"));
     for (const char* feed : {"", "http://example.org/feed", "no address"})
         EXPECT_FALSE(makeUpdateCheck(QLatin1String(feed), QStringLiteral("1.0"))) << feed;
     EXPECT_TRUE(makeUpdateCheck(QStringLiteral("https://example.org/feed"), QStringLiteral("1.0")));
@@ -75,7 +75,6 @@ TEST_F(UpdateCheck, withoutAFeedThereIsNoEntry)
 
 TEST_F(UpdateCheck, theQuietCheckIsHeardOfOnlyWithANewerVersion)
 {
-    openWindow(&updates);
     for (const char* version : {"1.2.0", "1.1.99", "rubbish"}) {
         server.setDocument(QStringLiteral("/feed"), feedOf(version));
         checkQuietly();
@@ -94,7 +93,6 @@ TEST_F(UpdateCheck, theQuietCheckIsHeardOfOnlyWithANewerVersion)
 TEST_F(UpdateCheck, whoeverAsksGetsAnAnswer)
 {
     server.setDocument(QStringLiteral("/feed"), feedOf("1.2.0"));
-    openWindow(&updates);
     checkQuietly();
     updates.checkForUpdates();
     EXPECT_TRUE(showsText("heading", QStringLiteral("Checking for updates…")));

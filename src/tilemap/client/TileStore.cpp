@@ -18,7 +18,7 @@ namespace ospra {
 
 namespace {
 
-constexpr int deepestZoom = 30; // beyond it tiles cannot be counted in an int
+constexpr int countableZoom = 30; // beyond it tiles cannot be counted in an int
 
 template <typename Line>
 qint64 bytesOf(const std::vector<Line>& lines)
@@ -127,7 +127,7 @@ bool TileStore::Private::exists(const TileKey& key) const
         return false;
     const MapSource& source = m_sources[static_cast<std::size_t>(key.source)];
     const auto& [zoom, x, y] = key.tile;
-    if (zoom < source.lowestZoom || zoom > std::min(source.nativeZoom, deepestZoom) || zoom < 0)
+    if (zoom < source.lowestZoom || zoom > std::min(source.nativeZoom, countableZoom) || zoom < 0)
         return false;
     const int count = 1 << zoom;
     return x >= 0 && x < count && y >= 0 && y < count;

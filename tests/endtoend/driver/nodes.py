@@ -1,5 +1,6 @@
 """The program as a screen reader sees it."""
 
+import os
 import re
 
 import gi
@@ -32,9 +33,10 @@ class Node:
 
     @property
     def extents(self):
-        """Left, top, width and height on the screen."""
+        """Left, top, width and height on the screen, in its pixels; the toolkit tells them in its own, before scaling."""
         box = self._accessible.get_extents(Atspi.CoordType.SCREEN)
-        return box.x, box.y, box.width, box.height
+        scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))
+        return tuple(round(side * scale) for side in (box.x, box.y, box.width, box.height))
 
     def has(self, state):
         """Whether it has a state, for instance "focused"."""

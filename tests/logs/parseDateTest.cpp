@@ -7,6 +7,7 @@
 #include <unicode/unistr.h>
 
 #include <string>
+#include <vector>
 
 namespace ospra {
 
@@ -37,64 +38,49 @@ TEST(ParseDate, readsBothFormsAndAppliesTheZone)
 TEST(ParseDate, refusesEverythingElse)
 {
     using namespace std::string_view_literals;
-    for (const std::string_view field : {""sv,
-                                         "2024-06-01"sv,
-                                         "2024-06-01T14:02:11"sv,
-                                         "2024-06-01T14:02:11.2"sv,
-                                         "2024-06-01T14:02:11.Z"sv,
-                                         "2024-06-01t14:02:11Z"sv,
-                                         "2024-06-01T14:02:11z"sv,
-                                         "2024-06-01 14:02:11Z"sv,
-                                         "2024-06-01T14:02:60Z"sv,
-                                         "2024-06-01T24:00:00Z"sv,
-                                         "2024-06-01T14:60:00Z"sv,
-                                         "2024-02-30T14:02:11Z"sv,
-                                         "2023-02-29T14:02:11Z"sv,
-                                         "1900-02-29T14:02:11Z"sv,
-                                         "2024-13-01T14:02:11Z"sv,
-                                         "2024-00-01T14:02:11Z"sv,
-                                         "2024-06-00T14:02:11Z"sv,
-                                         "2024-06-31T14:02:11Z"sv,
-                                         "2024-06-01T14:02:11+0200"sv,
-                                         "2024-06-01T14:02:11+02"sv,
-                                         "2024-06-01T14:02:11+24:00"sv,
-                                         "2024-06-01T14:02:11+02:60"sv,
-                                         "2024-06-01T14:02:11+02:00Z"sv,
-                                         "2024-06-01T14:02:11.-01Z"sv,
-                                         "2024-06-01T14:02:11,2Z"sv,
-                                         "2024-06-01T14:02Z"sv,
-                                         "20240601T140211Z"sv,
-                                         "2024-6-1T14:02:11Z"sv,
-                                         "02024-06-01T14:02:11Z"sv,
-                                         "-024-06-01T14:02:11Z"sv,
-                                         " 2024-06-01T14:02:11Z"sv,
-                                         "2024-06-01T14:02:11Z "sv,
-                                         "2024-06-01T14:02:11Z\0"sv,
-                                         "2024-06-01T14:02:1\0Z"sv}) {
-        SCOPED_TRACE(field);
-        EXPECT_EQ(parseDate(field), std::nullopt);
-        EXPECT_EQ(parseDateLoosely(field), std::nullopt);
+    struct Row {
+        const char* fault;
+        std::vector<std::string_view> fields;
+    };
+    for (const auto& [fault, fields] : std::vector<Row>{
+             {"a part is missing", {"", "2024-06-01", "2024-06-01T14:02Z", "20240601T140211Z", "2024-6-1T14:02:11Z"}},
+             {"no fraction", {"2024-06-01T14:02:11.Z", "2024-06-01T14:02:11.-01Z", "2024-06-01T14:02:11,2Z"}},
+             {"no zone", {"2024-06-01T14:02:11", "2024-06-01T14:02:11.2", "2024-06-01T14:02:11+02"}},
+             {"other zones", {"2024-06-01T14:02:11z", "2024-06-01T14:02:11+0200", "2024-06-01T14:02:11+02:00Z"}},
+             {"no such zone", {"2024-06-01T14:02:11+24:00", "2024-06-01T14:02:11+02:60"}},
+             {"no such time", {"2024-06-01T14:02:60Z", "2024-06-01T14:60:00Z", "2024-06-01T24:00:00Z"}},
+             {"no such month", {"2024-13-01T14:02:11Z", "2024-00-01T14:02:11Z"}},
+             {"no such day", {"2024-02-30T14:02:11Z", "2024-06-00T14:02:11Z", "2024-06-31T14:02:11Z"}},
+             {"no leap year", {"2023-02-29T14:02:11Z", "1900-02-29T14:02:11Z"}},
+             {"no T", {"2024-06-01t14:02:11Z", "2024-06-01 14:02:11Z"}},
+             {"no year", {"02024-06-01T14:02:11Z", "-024-06-01T14:02:11Z"}},
+             {"something around it", {" 2024-06-01T14:02:11Z", "2024-06-01T14:02:11Z ", "2024-06-01T14:02:11Z\0"sv}},
+             {"a byte within it", {"2024-06-01T14:02:1\0Z"sv}},
+         }) {
+        for (const std::string_view field : fields) {
+            SCOPED_TRACE(std::string(fault).append(": ").append(field));
+            EXPECT_EQ(parseDate(field), std::nullopt);
+            EXPECT_EQ(parseDateLoosely(field), std::nullopt);
+        }
     }
 }
 
 TEST(ParseDate, cutsOffAFractionThatIsNoneOnlyWhenLoose)
 {
-    struct Row {
-        std::string_view field;
-        std::optional<Instant> date;
-    };
-    for (const auto& [field, date] :
-         {Row{"2024-06-01T14:02:11.1234567890Z", Instant{june}},
-          Row{"2024-06-01T16:02:11.1234567890+02:00", Instant{june}}, Row{"2024.5-06.1-01T14:02:11.9Z", Instant{june}},
-          Row{".12024-06-01T14:02:11Z", std::nullopt}, Row{".1 2024-06-01T14:02:11Z", std::nullopt},
-          Row{"2024-06-01T14:02:11Z.000", Instant{june}}, Row{"2024-06-01T14:02:11..5Z", std::nullopt},
-          Row{"2024-06-01T14:02:11.5.Z", std::nullopt},
-          Row{"2024-06-01T14:02:11.\xD9\xA3\xF0\x9D\x9F\x98Z", Instant{june}}, // two digits of other scripts
-          Row{"2024-06-01T14:02:11.\xC2\xB2Z", std::nullopt},                  // a superscript is no decimal digit
-          Row{"2024-06-01T14:02:1\xD9\xA3Z", std::nullopt}, Row{"2024-06-01T14:02:11.\xD9", std::nullopt}}) {
+    for (const std::string_view field :
+         {"2024-06-01T14:02:11.1234567890Z", "2024-06-01T16:02:11.1234567890+02:00", "2024.5-06.1-01T14:02:11.9Z",
+          "2024-06-01T14:02:11Z.000", "2024-06-01T14:02:11.\xD9\xA3\xF0\x9D\x9F\x98Z"}) { // digits of other scripts
         SCOPED_TRACE(field);
         EXPECT_EQ(parseDate(field), std::nullopt);
-        EXPECT_EQ(parseDateLoosely(field), date);
+        EXPECT_EQ(parseDateLoosely(field), Instant{june});
+    }
+    for (const std::string_view field :
+         {".12024-06-01T14:02:11Z", ".1 2024-06-01T14:02:11Z", "2024-06-01T14:02:11..5Z", "2024-06-01T14:02:11.5.Z",
+          "2024-06-01T14:02:11.\xC2\xB2Z", // a superscript is no decimal digit
+          "2024-06-01T14:02:1\xD9\xA3Z", "2024-06-01T14:02:11.\xD9"}) {
+        SCOPED_TRACE(field);
+        EXPECT_EQ(parseDate(field), std::nullopt);
+        EXPECT_EQ(parseDateLoosely(field), std::nullopt);
     }
 }
 

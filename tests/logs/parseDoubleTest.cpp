@@ -10,6 +10,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace ospra {
 
@@ -19,68 +20,39 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(ParseDouble, takesTheWholeFieldOrNothing)
 {
-    struct Row {
-        std::string_view field;
-        std::optional<double> value;
-    };
     using namespace std::string_view_literals;
-    for (const auto& [field, value] : {Row{"-31.25", -31.25},
-                                       Row{"+7", 7.0},
-                                       Row{"5.", 5.0},
-                                       Row{".5", 0.5},
-                                       Row{"-.5e1", -5.0},
-                                       Row{"1E2", 100.0},
-                                       Row{"1e400", infinity},
-                                       Row{"-1e400", -infinity},
-                                       Row{"4.9e-324", 0x1p-1074},
-                                       Row{"1e-310", 1e-310},
-                                       Row{"0e999999999999", 0.0},
-                                       Row{"1e99999999999999999999", infinity},
-                                       Row{"1e-99999999999999999999", 0.0},
-                                       Row{"0x1.8p1", 3.0},
-                                       Row{"-0X.8", -0.5},
-                                       Row{"0x10", 16.0},
-                                       Row{"0x1p1024", infinity},
-                                       Row{"0x1p-1075", 0.0},
-                                       Row{"0x1.8p-1075", 0x1p-1074},
-                                       Row{"0x1.fffffffffffff8p0", 2.0},
-                                       Row{"0x1.fffffffffffff7p0", 0x1.fffffffffffffp0},
-                                       Row{"INF", infinity},
-                                       Row{"-infinity", -infinity},
-                                       Row{"", std::nullopt},
-                                       Row{"4 ", std::nullopt},
-                                       Row{" 4", std::nullopt},
-                                       Row{"\t4", std::nullopt},
-                                       Row{"4\0"sv, std::nullopt},
-                                       Row{"\0"sv, std::nullopt},
-                                       Row{".", std::nullopt},
-                                       Row{"-", std::nullopt},
-                                       Row{"+-1", std::nullopt},
-                                       Row{"--1", std::nullopt},
-                                       Row{"e5", std::nullopt},
-                                       Row{"1e", std::nullopt},
-                                       Row{"1e+", std::nullopt},
-                                       Row{"1,5", std::nullopt},
-                                       Row{"1.5.1", std::nullopt},
-                                       Row{"0x", std::nullopt},
-                                       Row{"0x.", std::nullopt},
-                                       Row{"0x1p", std::nullopt},
-                                       Row{"0x-1", std::nullopt},
-                                       Row{"0xinf", std::nullopt},
-                                       Row{"1p3", std::nullopt},
-                                       Row{"infinit", std::nullopt},
-                                       Row{"nan(", std::nullopt},
-                                       Row{"nan(a-b)", std::nullopt},
-                                       Row{"nano", std::nullopt}}) {
-        SCOPED_TRACE(field);
-        EXPECT_EQ(parseDouble(field), value);
-        EXPECT_EQ(naive::number(std::string(field)), value) << "the table itself";
+    struct Row {
+        std::optional<double> value;
+        std::vector<std::string_view> fields;
+    };
+    for (const auto& [value, fields] : std::vector<Row>{
+             {-31.25, {"-31.25", "-3125e-2"}},
+             {7.0, {"+7", "7."}},
+             {0.5, {".5", "0x.8"}},
+             {-0.5, {"-0X.8"}},
+             {-5.0, {"-.5e1"}},
+             {100.0, {"1E2"}},
+             {1e-310, {"1e-310"}},
+             {0.0, {"0e999999999999", "1e-99999999999999999999", "0x1p-1075"}},
+             {0x1p-1074, {"4.9e-324", "0x1.8p-1075"}},
+             {infinity, {"1e400", "1e99999999999999999999", "0x1p1024", "INF"}},
+             {-infinity, {"-1e400", "-infinity"}},
+             {3.0, {"0x1.8p1"}},
+             {16.0, {"0x10"}},
+             {2.0, {"0x1.fffffffffffff8p0"}},
+             {0x1.fffffffffffffp0, {"0x1.fffffffffffff7p0"}},
+             {std::nullopt, {"", "4 ", " 4", "\t4", "4\0"sv, "\0"sv, "1,5", "1.5.1", ".", "-", "+-1", "--1"}},
+             {std::nullopt, {"e5", "1e", "1e+", "0x", "0x.", "0x1p", "0x-1", "0xinf", "1p3"}},
+             {std::nullopt, {"infinit", "nan(", "nan(a-b)", "nano"}},
+         }) {
+        for (const std::string_view field : fields) {
+            SCOPED_TRACE(field);
+            EXPECT_EQ(parseDouble(field), value);
+            EXPECT_EQ(naive::number(std::string(field)), value) << "the table itself";
+        }
     }
-    for (const std::string_view field : {"nan", "-NaN", "nan()", "nan(0x7_z)"}) {
-        SCOPED_TRACE(field);
-        ASSERT_TRUE(parseDouble(field));
-        EXPECT_TRUE(std::isnan(*parseDouble(field)));
-    }
+    for (const std::string_view field : {"nan", "-NaN", "nan()", "nan(0x7_z)"})
+        EXPECT_TRUE(std::isnan(parseDouble(field).value_or(0.0))) << field;
     EXPECT_TRUE(std::signbit(parseDouble("-0.00").value()));
     EXPECT_TRUE(std::signbit(parseDouble("-1e-400").value()));
 }
@@ -149,19 +121,20 @@ TEST(ParseDouble, agreesWithStrtodHalfwayBetweenDoubles)
 
 TEST(ParseInteger, takesASignAndDigitsOnly)
 {
+    using Limits = std::numeric_limits<std::int64_t>;
     struct Row {
-        std::string_view field;
         std::optional<std::int64_t> value;
+        std::vector<std::string_view> fields;
     };
-    for (const auto& [field, value] :
-         {Row{"14", 14}, Row{"+3", 3}, Row{"-0007", -7}, Row{"00000000000000000000000005", 5},
-          Row{"9223372036854775807", std::numeric_limits<std::int64_t>::max()},
-          Row{"-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
-          Row{"9223372036854775808", std::nullopt}, Row{"", std::nullopt}, Row{"-", std::nullopt},
-          Row{"+-3", std::nullopt}, Row{"3.0", std::nullopt}, Row{" 3", std::nullopt}, Row{"0x3", std::nullopt},
-          Row{"3e0", std::nullopt}}) {
-        SCOPED_TRACE(field);
-        EXPECT_EQ(parseInteger(field), value);
+    for (const auto& [value, fields] : std::vector<Row>{
+             {3, {"3", "+3", "00000000000000000000000003"}},
+             {-7, {"-0007"}},
+             {Limits::max(), {"9223372036854775807"}},
+             {Limits::min(), {"-9223372036854775808"}},
+             {std::nullopt, {"9223372036854775808", "", "-", "+-3", "3.0", " 3", "0x3", "3e0"}},
+         }) {
+        for (const std::string_view field : fields)
+            EXPECT_EQ(parseInteger(field), value) << field;
     }
 }
 

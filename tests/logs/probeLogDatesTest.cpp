@@ -61,26 +61,6 @@ TEST(ProbeLogDates, triesOnlyTheFirstRowOfATableButEveryRecord)
     EXPECT_EQ(probe(shortFirst, LogVersion::version2), dates(2, 2)) << "a record does";
 }
 
-TEST(ProbeLogDates, takesColumnsByNameOrDefault)
-{
-    const std::string row = "2024-06-01T14:02:01Z,2024-06-01T14:02:02Z,2,30,4,5,6";
-    struct Row {
-        std::string_view header;
-        LogDates table;
-        LogDates records;
-    };
-    for (const auto& [header, table, records] :
-         {Row{"a,b,c", dates(1, std::nullopt), {}}, Row{"a,b,c,velD", dates(1, 1), dates(1, 1)},
-          Row{"a, Time ,c,VELD", dates(2, 2), dates(2, 2)}, Row{"velD,time,time,velD,c", {}, {}},
-          Row{"velD,b,c,velD,e,f,g,time", {}, {}}, Row{"time", dates(1, std::nullopt), {}}}) {
-        SCOPED_TRACE(header);
-        LogText log{.columns = std::string(header), .rows = {row}};
-        EXPECT_EQ(probeLogDates(log.text()), table);
-        log.version = LogVersion::version2;
-        EXPECT_EQ(probeLogDates(log.text()), records);
-    }
-}
-
 TEST(ProbeLogDates, forgetsEarlierColumns)
 {
     const std::string tail = "$DATA\n$GNSS,2024-06-01T14:02:01Z,30,2024-06-01T14:02:03Z\n";
@@ -101,16 +81,6 @@ TEST(ProbeLogDates, wantsThreeLinesOfValidText)
     EXPECT_EQ(probeLogDates(good + "\xC3"), LogDates{}) << "a bad byte behind the last row";
     EXPECT_EQ(probeLogDates("time,velD\n" + rowOf("01Z", "30")), LogDates{});
     EXPECT_EQ(probeLogDates(""), LogDates{});
-}
-
-TEST(ProbeLogDates, walksAWholeFlight)
-{
-    for (const LogVersion version : {LogVersion::version1, LogVersion::version2}) {
-        const LogDates jump = probeLogDates(makeFlightLog({.version = version, .rows = 2000, .exitAt = 0.5}));
-        EXPECT_EQ(jump, dates(11, 11 + 1000 * 0.2));
-        const LogDates landed = probeLogDates(makeFlightLog({.version = version, .rows = 2000, .exitAt = 2.0}));
-        EXPECT_EQ(landed, dates(11, std::nullopt));
-    }
 }
 
 } // namespace

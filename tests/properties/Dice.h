@@ -1,9 +1,12 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <random>
 #include <utility>
 #include <vector>
@@ -46,5 +49,20 @@ public:
 private:
     std::mt19937_64 m_bits;
 };
+
+/// Tries a property with the dice of one seed after the other, until one fails. The message tells which.
+template <typename Property>
+void forSeeds(std::uint64_t count, const Property& property)
+{
+    for (std::uint64_t seed = 0; seed < count && !testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        Dice dice(seed);
+        property(dice);
+    }
+}
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double greatest = std::numeric_limits<double>::max();
 
 } // namespace ospra::properties

@@ -5,8 +5,6 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
-#include <string>
 
 namespace ospra::properties {
 
@@ -109,24 +107,16 @@ Samples flyOpening(Dice& dice)
     return flyAlong(dice, legs);
 }
 
-/// Samples of one even movement: standing about, or riding up and down again in the aircraft.
+/// Standing about, or riding up and down again in the aircraft.
 Samples ride(Dice& dice, double climb, double descent)
 {
-    Samples samples;
-    const std::ptrdiff_t count = dice.between(1, 500);
-    const double start = makeStart(dice);
-    double altitude = 450.0;
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
-        const double sink = i < count / 2 ? -climb : descent;
-        samples.push_back({.id = makeUuid(),
-                           .time = {start + static_cast<double>(i) / 5.0},
-                           .coordinate = {.latitude = 47.0, .longitude = 8.0 + static_cast<double>(i) * climb * 1e-5},
-                           .altitudeMSL = altitude,
-                           .velocityNorth = climb > 0.0 ? 45.0 : dice.real(-0.3, 0.3),
-                           .velocityDown = sink + dice.real(-0.2, 0.2),
-                           .horizontalAccuracy = 2.0,
-                           .verticalAccuracy = 3.0});
-        altitude -= sink / 5.0;
+    const double forward = climb > 0.0 ? 45.0 : 0.0;
+    const std::array legs{Leg{.sink = -climb, .forward = forward, .count = dice.between(1, 250)},
+                          Leg{.sink = descent, .forward = forward, .count = dice.between(1, 250)}};
+    Samples samples = flyAlong(dice, legs);
+    for (FlySightDataPoint& sample : samples) {
+        sample.velocityEast += dice.real(-0.3, 0.3);
+        sample.velocityDown += dice.real(-0.2, 0.2);
     }
     return samples;
 }
@@ -193,15 +183,7 @@ void damageClock(Dice& dice, Samples& samples)
 
 void damageValues(Dice& dice, Samples& samples)
 {
-    using Limits = std::numeric_limits<double>;
-    constexpr std::array values{Limits::quiet_NaN(),
-                                -Limits::quiet_NaN(),
-                                Limits::infinity(),
-                                -Limits::infinity(),
-                                Limits::max(),
-                                Limits::lowest(),
-                                -0.0,
-                                1e18};
+    constexpr std::array values{noNumber, -noNumber, infinity, -infinity, greatest, -greatest, -0.0, 1e18};
     constexpr std::array fields{&FlySightDataPoint::altitudeMSL,        &FlySightDataPoint::velocityNorth,
                                 &FlySightDataPoint::velocityEast,       &FlySightDataPoint::velocityDown,
                                 &FlySightDataPoint::horizontalAccuracy, &FlySightDataPoint::verticalAccuracy};
@@ -254,51 +236,6 @@ Samples makeFlight(Dice& dice, Damage damage)
     if (damage == Damage::values)
         damageValues(dice, samples);
     return samples;
-}
-
-std::vector<JumpTrack> makeTracks(Dice& dice, Damage damage)
-{
-    constexpr std::array colors{Color::white, Color::yellow, Color::cyan, Color::pink};
-    std::vector<JumpTrack> tracks;
-    for (std::ptrdiff_t count = dice.between(1, 4); count > 0; --count) {
-        Samples samples = makeFlight(dice, damage);
-        if (!tracks.empty() && dice.oneIn(2)) { // the same jump, seen from beside and by another clock
-            samples = tracks.front().file.dataPoints;
-            for (FlySightDataPoint& sample : samples) {
-                sample.time.seconds += dice.oneIn(3) ? 0.5 : 0.25;
-                sample.coordinate.latitude += 1e-4;
-                sample.altitudeMSL += 3.0;
-            }
-        } else if (!tracks.empty()) { // another jump at about the same time
-            const double shift = tracks.front().file.dataPoints.front().time.seconds - samples.front().time.seconds +
-                                 static_cast<double>(dice.between(-80, 80)) / 2.0;
-            for (FlySightDataPoint& sample : samples)
-                sample.time.seconds += shift;
-        }
-        JumpTrack track =
-            makeTrack(std::move(samples), "Jumper " + std::to_string(tracks.size()), colors[tracks.size()]);
-        const Instant zero =
-            tracks.empty() ? track.file.dataPoints.front().time : tracks.front().file.dataPoints.front().time;
-        for (std::size_t i = 0; i < track.elapsed.size(); ++i)
-            track.elapsed[i] = track.file.dataPoints[i].time.seconds - zero.seconds;
-        tracks.push_back(std::move(track));
-    }
-    return tracks;
-}
-
-double makeMoment(Dice& dice, std::span<const JumpTrack> tracks)
-{
-    const std::vector<double>& elapsed = dice.oneOf(tracks).elapsed;
-    const std::ptrdiff_t i = dice.below(std::ssize(elapsed));
-    const double at = elapsed[static_cast<std::size_t>(i)];
-    const double next = elapsed[static_cast<std::size_t>(std::min(i + 1, std::ssize(elapsed) - 1))];
-    switch (dice.below(5)) {
-    case 0: return at;
-    case 1: return (at + next) / 2.0;
-    case 2: return at + dice.oneOf(std::array{2.0, -2.0, 1.99, -1.99});
-    case 3: return dice.oneIn(2) ? elapsed.front() - 1.0 : elapsed.back() + 1.75;
-    default: return dice.real(elapsed.front() - 10.0, elapsed.back() + 10.0);
-    }
 }
 
 } // namespace ospra::properties

@@ -1,3 +1,4 @@
+#include "analysis/JumpTrack.h"
 #include "analysis/detectPhases.h"
 #include "analysis/movingMedian.h"
 #include "tests/properties/Flights.h"
@@ -63,20 +64,19 @@ std::string flaw(std::span<const JumpPhaseRange> ranges, const Samples& samples)
 TEST(PhasesOfAnyLog, areThoseOfTheWrittenRules)
 {
     std::map<std::string, int> shapes; // which phases there are, so that the flights reach all branches
-    for (std::uint64_t seed = 0; seed < 10'000; ++seed) {
-        Dice dice(seed);
+    forSeeds(10'000, [&](Dice& dice) {
         const Samples samples = makeFlight(dice, Damage::clock);
         const std::vector<JumpPhaseRange> ranges = detectPhases(samples);
-        ASSERT_EQ(textOf(ranges), textOf(naive::detectPhases(samples))) << "seed " << seed;
-        ASSERT_EQ(flaw(ranges, samples), "") << "seed " << seed;
+        ASSERT_EQ(textOf(ranges), textOf(naive::detectPhases(samples)));
+        ASSERT_EQ(flaw(ranges, samples), "");
         const std::optional<JumpStatistics> statistics = computeStatistics(samples, ranges);
         ASSERT_TRUE(statistics);
-        ASSERT_EQ(textOf(*statistics), textOf(naive::computeStatistics(samples, ranges))) << "seed " << seed;
+        ASSERT_EQ(textOf(*statistics), textOf(naive::computeStatistics(samples, ranges)));
         std::string shape;
         for (const JumpPhaseRange& range : ranges)
             shape += displayName(range.phase).front();
         ++shapes[shape];
-    }
+    });
     for (const char* shape : {"", "A", "AFDCG", "AFDC", "AFD", "FDCG", "FD"})
         EXPECT_GT(shapes[shape], 10) << '"' << shape << "\" is hardly ever flown";
     EXPECT_GT(shapes.size(), 10u);
@@ -84,52 +84,48 @@ TEST(PhasesOfAnyLog, areThoseOfTheWrittenRules)
 
 TEST(PhasesOfAnyLog, keepTheirOrderWhateverTheNumbers)
 {
-    for (std::uint64_t seed = 0; seed < 5'000; ++seed) {
-        Dice dice(seed);
+    forSeeds(5'000, [](Dice& dice) {
         const Samples samples = makeFlight(dice, Damage::values);
         const std::vector<JumpPhaseRange> ranges = detectPhases(samples);
-        ASSERT_EQ(flaw(ranges, samples), "") << "seed " << seed << ": " << textOf(ranges);
+        ASSERT_EQ(flaw(ranges, samples), "") << textOf(ranges);
         ASSERT_TRUE(computeStatistics(samples, ranges));
-    }
+    });
 }
 
 /// Statistics take ranges as they come, so that each phase is also left out here, which no log does on its own.
 TEST(StatisticsOfAnyPhases, areThoseOfTheWrittenRules)
 {
-    for (std::uint64_t seed = 0; seed < 3'000; ++seed) {
-        Dice dice(seed);
+    forSeeds(3'000, [](Dice& dice) {
         const Samples samples = makeFlight(dice, Damage::clock);
         std::vector<JumpPhaseRange> ranges = detectPhases(samples);
         std::erase_if(ranges, [&dice](const JumpPhaseRange&) { return dice.oneIn(3); });
         const std::optional<JumpStatistics> statistics = computeStatistics(samples, ranges);
         ASSERT_TRUE(statistics);
         ASSERT_EQ(textOf(*statistics), textOf(naive::computeStatistics(samples, ranges))) << textOf(ranges);
-    }
+    });
 }
 
 TEST(MovingMedianOfAnyValues, isThatOfSortedWindows)
 {
-    constexpr std::array few{0.0, 1.0, 1.5, 2.0, 20.0};
-    for (std::uint64_t seed = 0; seed < 2'000; ++seed) {
-        Dice dice(seed);
+    forSeeds(2'000, [](Dice& dice) {
+        constexpr std::array few{0.0, 1.0, 1.5, 2.0, 20.0};
         std::vector<double> values(static_cast<std::size_t>(dice.below(40)));
         for (double& value : values)
             value = dice.oneIn(2) ? dice.oneOf(few) : dice.real(-50.0, 50.0);
         const std::ptrdiff_t width = dice.oneIn(2) ? 5 : dice.between(-1, 12);
         ASSERT_EQ(movingMedian(values, width), naive::movingMedian(values, width)) << "width " << width;
-    }
+    });
 }
 
 TEST(ElapsedTimesOfAnyLog, countFromItsFirstSample)
 {
-    for (std::uint64_t seed = 0; seed < 300; ++seed) {
-        Dice dice(seed);
+    forSeeds(300, [](Dice& dice) {
         const Samples samples = makeFlight(dice, Damage::clock);
         const std::vector<double> elapsed = elapsedTimes(samples);
         ASSERT_EQ(elapsed.size(), samples.size());
         for (std::size_t i = 0; i < samples.size(); ++i)
             ASSERT_EQ(elapsed[i], samples[i].time.seconds - samples[0].time.seconds);
-    }
+    });
 }
 
 } // namespace

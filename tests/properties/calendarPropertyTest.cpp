@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -71,13 +72,13 @@ TEST(CalendarOfSixtyYears, answersAsCountingDoes)
                           counted.day(day).year == counted.day(other).year);
 
                 const int count = static_cast<int>(dice.between(-14, 14));
-                expectStep(counted, calendar->adding(count, CalendarUnit::day, moment), moment, day + count);
-                expectStep(counted, calendar->adding(count, CalendarUnit::weekOfYear, moment), moment,
-                           day + 7L * count);
-                expectStep(counted, calendar->adding(count, CalendarUnit::month, moment), moment,
-                           counted.addingMonths(day, count));
-                expectStep(counted, calendar->adding(count / 7, CalendarUnit::year, moment), moment,
-                           counted.addingMonths(day, count / 7 * 12));
+                const auto expectAdded = [&](int times, CalendarUnit unit, long result) {
+                    expectStep(counted, calendar->adding(times, unit, moment), moment, result);
+                };
+                expectAdded(count, CalendarUnit::day, day + count);
+                expectAdded(count, CalendarUnit::weekOfYear, day + 7L * count);
+                expectAdded(count, CalendarUnit::month, counted.addingMonths(day, count));
+                expectAdded(count / 7, CalendarUnit::year, counted.addingMonths(day, count / 7 * 12));
             }
         }
     }
@@ -100,29 +101,21 @@ std::vector<JumpGroup> makeJumps(Dice& dice, const CountedCalendar& counted, lon
     return groups;
 }
 
-/// The jumps of a list, the newest first, those without a date last, and else as they stand.
-std::vector<Uuid> newestFirst(const std::vector<JumpGroup>& groups)
-{
-    std::vector<const JumpGroup*> sorted;
-    for (const JumpGroup& group : groups) {
-        auto place = sorted.end();
-        while (place != sorted.begin() && group.jumpDate &&
-               (!place[-1]->jumpDate || group.jumpDate->seconds > place[-1]->jumpDate->seconds))
-            --place;
-        sorted.insert(place, &group);
-    }
-    std::vector<Uuid> ids;
-    for (const JumpGroup* group : sorted)
-        ids.push_back(group->id);
-    return ids;
-}
-
 std::vector<Uuid> idsOf(const std::vector<JumpGroup>& groups)
 {
     std::vector<Uuid> ids;
     for (const JumpGroup& group : groups)
         ids.push_back(group.id);
     return ids;
+}
+
+/// The jumps of a list, the newest first, those without a date last, and else as they stand.
+std::vector<Uuid> newestFirst(std::vector<JumpGroup> groups)
+{
+    std::ranges::stable_sort(groups, std::greater(), [](const JumpGroup& group) {
+        return group.jumpDate ? group.jumpDate->seconds : -infinity;
+    });
+    return idsOf(groups);
 }
 
 Streaks streaksOf(const std::set<long>& days)
@@ -190,9 +183,7 @@ void expectRange(const OverviewAggregates& overview, const CountedCalendar& coun
 
 TEST(OverviewOfAnyJumps, isWhatCountingGives)
 {
-    for (std::uint64_t seed = 0; seed < 3'000; ++seed) {
-        SCOPED_TRACE(seed);
-        Dice dice(seed);
+    forSeeds(3'000, [&](Dice& dice) {
         const naive::Zone& zone = dice.oneOf(naive::zones());
         const int firstWeekday = static_cast<int>(dice.between(1, 7));
         const CountedCalendar counted(zone, firstWeekday);
@@ -234,8 +225,6 @@ TEST(OverviewOfAnyJumps, isWhatCountingGives)
                 ofDay.push_back(group);
         }
         expectRange(overview, counted, *calendar, inRange);
-        if (HasFatalFailure())
-            return;
         ASSERT_EQ(overview.lastJumpDate, last);
         ASSERT_EQ(overview.jumpCountThisWeek, thisWeek);
         ASSERT_EQ(overview.jumpCountThisMonth, thisMonth);
@@ -244,15 +233,13 @@ TEST(OverviewOfAnyJumps, isWhatCountingGives)
         std::vector<Uuid> recent = newestFirst(groups);
         recent.resize(std::min<std::size_t>(recent.size(), 3));
         ASSERT_EQ(idsOf(overview.recentGroups), recent);
-    }
+    });
 }
 
 /// A jump at the very cut-off is in, the smallest step before it is out.
 TEST(OverviewOfAnyJumps, beginsAtTheCutoffItself)
 {
-    for (std::uint64_t seed = 0; seed < 500; ++seed) {
-        SCOPED_TRACE(seed);
-        Dice dice(seed);
+    forSeeds(500, [&](Dice& dice) {
         const naive::Zone& zone = dice.oneOf(naive::zones());
         const CountedCalendar counted(zone, 1);
         const std::unique_ptr<Calendar> calendar = makeCalendar(zone.name, 1);
@@ -268,7 +255,7 @@ TEST(OverviewOfAnyJumps, beginsAtTheCutoffItself)
         const OverviewAggregates overview = computeOverview(groups, range, std::nullopt, now, *calendar);
         ASSERT_EQ(overview.visibleJumps, 1);
         ASSERT_EQ(overview.jumpsPerDay.at(0).date, counted.startOf(counted.dayOf(cutoff)));
-    }
+    });
 }
 
 } // namespace

@@ -1,13 +1,13 @@
 #include "display/units.h"
 #include "overview/overviewTexts.h"
 #include "tests/properties/Dice.h"
+#include "tests/properties/print.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <bit>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -17,11 +17,8 @@ namespace {
 
 std::string printed(const char* format, double value)
 {
-    if (std::isnan(value))
-        return "nan"; // the C library shows a sign here that no processor sets alike
-    std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), format, value);
-    return text.data();
+    return std::isnan(value) ? "nan"
+                             : print(format, value); // the C library shows a sign, which no processor sets alike
 }
 
 /// Numbers at which roundings part: whole numbers and halves, tenths and hundredths of them, the doubles beside them,
@@ -29,35 +26,11 @@ std::string printed(const char* format, double value)
 double makeNumber(Dice& dice)
 {
     using Limits = std::numeric_limits<double>;
-    constexpr std::array special{0.0,
-                                 -0.0,
-                                 0.4,
-                                 -0.4,
-                                 0.5,
-                                 -0.5,
-                                 0.05,
-                                 -0.05,
-                                 0.005,
-                                 0.015,
-                                 2.675,
-                                 9.995,
-                                 9.95,
-                                 99.5,
-                                 999.5,
-                                 1e15 + 0.5,
-                                 0x1p52 + 0.5,
-                                 0x1p53,
-                                 1e22,
-                                 Limits::max(),
-                                 -Limits::max(),
-                                 Limits::min(),
-                                 Limits::denorm_min(),
-                                 Limits::infinity(),
-                                 -Limits::infinity(),
-                                 Limits::quiet_NaN(),
-                                 -Limits::quiet_NaN()};
+    constexpr std::array ties{0.4, -0.4, 0.5, -0.5, 0.05, -0.05, 0.005, 0.015, 2.675, 9.995, 9.95, 99.5, 999.5};
+    constexpr std::array large{1e15 + 0.5, 0x1p52 + 0.5, 0x1p53, 1e22, greatest, -greatest, infinity, -infinity};
+    constexpr std::array others{0.0, -0.0, Limits::min(), Limits::denorm_min(), noNumber, -noNumber};
     switch (dice.below(4)) {
-    case 0: return dice.oneOf(special);
+    case 0: return dice.oneIn(2) ? dice.oneOf(ties) : dice.oneIn(2) ? dice.oneOf(large) : dice.oneOf(others);
     case 1: return std::bit_cast<double>(dice.bits());
     default: {
         constexpr std::array parts{0.5, 0.05, 0.005, 0.25, 0.125, 0.45, 0.95, 0.995};
@@ -95,14 +68,12 @@ TEST(DurationOfAnyLength, isCutTowardsZero)
 {
     Dice dice(12);
     for (int round = 0; round < 30'000; ++round) {
-        const double seconds = dice.oneIn(3) ? static_cast<double>(dice.between(-7'300, 7'300))
-                                             : std::nextafter(static_cast<double>(dice.between(-7'300, 7'300)),
-                                                              dice.oneIn(2) ? 1e9 : -1e9) +
-                                                   (dice.oneIn(2) ? 0.0 : dice.real(-1.0, 1.0));
+        double seconds = static_cast<double>(dice.between(-7'300, 7'300));
+        if (!dice.oneIn(3))
+            seconds =
+                std::nextafter(seconds, dice.oneIn(2) ? 1e9 : -1e9) + (dice.oneIn(2) ? 0.0 : dice.real(-1.0, 1.0));
         const long whole = static_cast<long>(seconds);
-        std::array<char, 40> text{};
-        std::snprintf(text.data(), text.size(), "%ld:%02ld", whole / 60, whole % 60);
-        ASSERT_EQ(formatDuration(seconds), text.data()) << seconds;
+        ASSERT_EQ(formatDuration(seconds), print("%ld:%02ld", whole / 60, whole % 60)) << seconds;
     }
 }
 

@@ -1,16 +1,16 @@
 #include "display/chartSeries.h"
 #include "display/distanceSeries.h"
 #include "display/nearest.h"
-#include "tests/properties/Flights.h"
+#include "tests/properties/Frame.h"
 #include "tests/properties/NaiveAnalysis.h"
 #include "tests/properties/NaiveNearest.h"
+#include "tests/properties/Scene.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 namespace ospra::properties {
@@ -37,11 +37,11 @@ testing::AssertionResult areSame(const ChartPoints& actual, const Points& expect
     return testing::AssertionSuccess();
 }
 
-Points cutPoints(std::span<const ChartPoint> points, double lo, double hi)
+Points filtered(std::span<const ChartPoint> points, TimeRange range)
 {
     Points kept;
     for (const ChartPoint& point : points)
-        if (lo <= point.seconds && point.seconds <= hi)
+        if (range.lo <= point.seconds && point.seconds <= range.hi)
             kept.push_back(point);
     return kept;
 }
@@ -62,14 +62,9 @@ double seriesValueOf(const FlySightDataPoint& p, DataSeries series, double g, bo
                speed;
     if (series == DataSeries::diveAngle)
         return std::atan2(p.velocityDown, h) * 180 / std::numbers::pi;
-    double glide = 0;
-    if (p.velocityDown > 0.5)
-        glide = h / p.velocityDown;
-    if (p.velocityDown < -0.5)
-        glide = h / -p.velocityDown;
-    if (glide > 10)
-        glide = 10;
-    return glide;
+    const double sink = p.velocityDown < 0 ? -p.velocityDown : p.velocityDown;
+    const double glide = sink > 0.5 ? h / sink : 0;
+    return glide > 10 ? 10 : glide;
 }
 
 double haversine(Coordinate a, Coordinate b)
@@ -81,7 +76,7 @@ double haversine(Coordinate a, Coordinate b)
     return std::asin(std::sqrt(q)) * 12742000.0;
 }
 
-Points filtered(Points points)
+Points smoothed(Points points)
 {
     if (points.size() < 5)
         return points;
@@ -94,17 +89,9 @@ Points filtered(Points points)
     return points;
 }
 
-DisplayUnits makeUnits(Dice& dice)
-{
-    return {.system = dice.oneIn(2) ? UnitSystem::metric : UnitSystem::imperial,
-            .altitude = dice.oneIn(2) ? AltitudeReference::aboveGround : AltitudeReference::aboveSeaLevel};
-}
-
 TEST(SeriesOfAnyLog, followTheirFormulasSampleBySample)
 {
-    for (std::uint64_t seed = 0; seed < 1'000; ++seed) {
-        SCOPED_TRACE(seed);
-        Dice dice(seed);
+    forSeeds(1'000, [&](Dice& dice) {
         std::vector<JumpTrack> tracks = makeTracks(dice, dice.oneIn(4) ? Damage::values : Damage::clock);
         if (dice.oneIn(6))
             tracks.front().statistics.reset();
@@ -125,15 +112,13 @@ TEST(SeriesOfAnyLog, followTheirFormulasSampleBySample)
                 ASSERT_TRUE(areSame(data[t][series], expected)) << displayName(series);
             }
         }
-    }
+    });
 }
 
 TEST(DistancesOfAnyLogs, followTheirFormulasSampleBySample)
 {
     std::size_t left = 0;
-    for (std::uint64_t seed = 0; seed < 800; ++seed) {
-        SCOPED_TRACE(seed);
-        Dice dice(seed);
+    forSeeds(800, [&](Dice& dice) {
         const std::vector<JumpTrack> tracks = makeTracks(dice, Damage::clock);
         const UnitSystem system = makeUnits(dice).system;
         const double f = system == UnitSystem::metric ? 1.0 : 3.28084;
@@ -161,18 +146,16 @@ TEST(DistancesOfAnyLogs, followTheirFormulasSampleBySample)
             EXPECT_EQ(distances[t - 1].companionName, tracks[t].jumperName);
             EXPECT_EQ(distances[t - 1].companionColor, tracks[t].jumperColor);
             for (std::size_t series = 0; series < expected.size(); ++series)
-                ASSERT_TRUE(areSame(distances[t - 1].data[allDistanceSeries[series]], filtered(expected[series])))
+                ASSERT_TRUE(areSame(distances[t - 1].data[allDistanceSeries[series]], smoothed(expected[series])))
                     << displayName(allDistanceSeries[series]);
         }
-    }
+    });
     EXPECT_GT(left, 1000u) << "inaccurate fixes hardly occur";
 }
 
 TEST(HorizontalDistancesOfAnyLog, growFromTheExit)
 {
-    for (std::uint64_t seed = 0; seed < 800; ++seed) {
-        SCOPED_TRACE(seed);
-        Dice dice(seed);
+    forSeeds(800, [&](Dice& dice) {
         const std::vector<JumpTrack> tracks = makeTracks(dice, Damage::clock);
         const UnitSystem system = makeUnits(dice).system;
         const double f = system == UnitSystem::metric ? 1.0 : 3.28084;
@@ -198,7 +181,7 @@ TEST(HorizontalDistancesOfAnyLog, growFromTheExit)
             ASSERT_TRUE(areSame(distances.at(track.id).traveled, traveled));
             ASSERT_TRUE(areSame(distances.at(track.id).fromExit, fromExit));
         }
-    }
+    });
 }
 
 /// The same distance as the angle between two directions in space.
@@ -210,16 +193,9 @@ TEST(GreatCircleDistance, isTheAngleBetweenTwoDirections)
         const Coordinate a{.latitude = dice.real(-90.0, 90.0), .longitude = dice.real(-180.0, 180.0)};
         const Coordinate b{.latitude = std::clamp(a.latitude + dice.real(-reach, reach), -90.0, 90.0),
                            .longitude = a.longitude + dice.real(-reach, reach)};
-        const auto direction = [](Coordinate place) {
-            const double phi = place.latitude * std::numbers::pi / 180;
-            const double lambda = place.longitude * std::numbers::pi / 180;
-            return std::array{std::cos(phi) * std::cos(lambda), std::cos(phi) * std::sin(lambda), std::sin(phi)};
-        };
-        const auto u = direction(a);
-        const auto v = direction(b);
-        const double cross =
-            std::hypot(u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]);
-        const double expected = std::atan2(cross, u[0] * v[0] + u[1] * v[1] + u[2] * v[2]) * 6371000.0;
+        const Vector u = frameAt(a).up;
+        const Vector v = frameAt(b).up;
+        const double expected = 2.0 * std::atan2(length(u - v), length(u + v)) * 6371000.0;
         ASSERT_NEAR(greatCircleDistance(a, b), expected, 1e-6 + 1e-9 * expected);
         ASSERT_EQ(greatCircleDistance(a, b), haversine(a, b));
     }
@@ -227,23 +203,15 @@ TEST(GreatCircleDistance, isTheAngleBetweenTwoDirections)
 
 TEST(VisibleSeries, areWhatAFilterLeaves)
 {
-    for (std::uint64_t seed = 0; seed < 600; ++seed) {
-        SCOPED_TRACE(seed);
-        Dice dice(seed);
-        const std::vector<JumpTrack> tracks = makeTracks(dice, Damage::clock);
+    forSeeds(600, [](Dice& dice) {
+        const auto [tracks, hidden, shown] = makeScene(dice);
         const DisplayUnits units = makeUnits(dice);
         const std::vector<SeriesData> data = buildChartData(tracks, units);
         const HorizontalDistances horizontal = buildHorizontalDistances(tracks, units.system);
         const std::vector<CompanionDistanceData> distances = buildDistanceData(tracks, units.system);
-        TrackIDs hidden;
-        std::vector<std::size_t> shown;
-        for (std::size_t t = 0; t < tracks.size(); ++t) {
-            if (dice.oneIn(4))
-                hidden.insert(tracks[t].id);
-            else
-                shown.push_back(t);
-        }
-        const TimeRange range{.lo = makeMoment(dice, tracks), .hi = makeMoment(dice, tracks)}; // at times turned round
+        TimeRange range = makeRange(dice, tracks);
+        if (dice.oneIn(4))
+            std::swap(range.lo, range.hi);
 
         const std::vector<VisibleTrackData> visible = cutChartData(tracks, data, hidden, range);
         const std::vector<VisibleHorizontalDistanceTrackData> paths =
@@ -251,18 +219,18 @@ TEST(VisibleSeries, areWhatAFilterLeaves)
         ASSERT_EQ(visible.size(), shown.size());
         ASSERT_EQ(paths.size(), shown.size());
         for (std::size_t i = 0; i < shown.size(); ++i) {
-            const JumpTrack& track = tracks[shown[i]];
-            EXPECT_EQ(visible[i].id, track.id);
-            EXPECT_EQ(visible[i].trackIndex, static_cast<std::ptrdiff_t>(shown[i]));
-            EXPECT_EQ(visible[i].isPrimary, shown[i] == 0);
-            EXPECT_EQ(paths[i].trackIndex, static_cast<std::ptrdiff_t>(shown[i]));
-            EXPECT_EQ(paths[i].isPrimary, shown[i] == 0);
+            const std::ptrdiff_t index = shown[i] - tracks.data();
+            EXPECT_EQ(visible[i].id, shown[i]->id);
+            EXPECT_EQ(visible[i].trackIndex, index);
+            EXPECT_EQ(visible[i].isPrimary, index == 0);
+            EXPECT_EQ(paths[i].trackIndex, index);
+            EXPECT_EQ(paths[i].isPrimary, index == 0);
+            const SeriesData& all = data[static_cast<std::size_t>(index)];
             for (const DataSeries series : allDataSeries)
-                ASSERT_TRUE(areSame(visible[i].seriesData[series],
-                                    cutPoints(data[shown[i]][series].span(), range.lo, range.hi)));
-            const HorizontalDistanceSeriesData& whole = horizontal.at(track.id);
-            ASSERT_TRUE(areSame(paths[i].traveled, cutPoints(whole.traveled.span(), range.lo, range.hi)));
-            ASSERT_TRUE(areSame(paths[i].fromExit, cutPoints(whole.fromExit.span(), range.lo, range.hi)));
+                ASSERT_TRUE(areSame(visible[i].seriesData[series], filtered(all[series].span(), range)));
+            const HorizontalDistanceSeriesData& whole = horizontal.at(shown[i]->id);
+            ASSERT_TRUE(areSame(paths[i].traveled, filtered(whole.traveled.span(), range)));
+            ASSERT_TRUE(areSame(paths[i].fromExit, filtered(whole.fromExit.span(), range)));
         }
 
         const std::vector<CompanionDistanceData> cut = cutDistanceData(tracks, distances, hidden, range);
@@ -272,49 +240,37 @@ TEST(VisibleSeries, areWhatAFilterLeaves)
                 continue;
             ASSERT_LT(count, cut.size());
             for (const DistanceSeries series : allDistanceSeries)
-                ASSERT_TRUE(
-                    areSame(cut[count].data[series], cutPoints(distance.data[series].span(), range.lo, range.hi)));
+                ASSERT_TRUE(areSame(cut[count].data[series], filtered(distance.data[series].span(), range)));
             ++count;
         }
         EXPECT_EQ(cut.size(), count);
-    }
+    });
 }
 
 TEST(CutOfAnyPoints, isWhatAFilterLeaves)
 {
-    constexpr std::array few{-1.0,
-                             -0.0,
-                             0.0,
-                             0.5,
-                             1.0,
-                             1.0,
-                             2.0,
-                             std::numeric_limits<double>::quiet_NaN(),
-                             std::numeric_limits<double>::infinity(),
-                             -std::numeric_limits<double>::infinity()};
-    for (std::uint64_t seed = 0; seed < 20'000; ++seed) {
-        Dice dice(seed);
+    constexpr std::array few{-1.0, -0.0, 0.0, 0.5, 1.0, 1.0, 2.0, noNumber, infinity, -infinity};
+    constexpr std::ptrdiff_t ordinary = 7; // of these can be sorted
+    forSeeds(20'000, [&](Dice& dice) {
         Points points(static_cast<std::size_t>(dice.below(12)));
-        const std::ptrdiff_t kinds = dice.oneIn(2) ? 7 : std::ssize(few);
+        const bool isOrdinary = dice.oneIn(2);
         for (ChartPoint& point : points)
-            point.seconds = few[static_cast<std::size_t>(dice.below(kinds))];
-        if (kinds == 7 && dice.oneIn(2))
+            point.seconds = few[static_cast<std::size_t>(dice.below(isOrdinary ? ordinary : std::ssize(few)))];
+        if (isOrdinary && dice.oneIn(2))
             std::ranges::sort(points, {}, &ChartPoint::seconds);
         for (std::size_t i = 0; i < points.size(); ++i)
             points[i].id = static_cast<std::int64_t>(i);
-        const double lo = dice.oneOf(few);
-        const double hi = dice.oneOf(few);
-        const ChartPoints once = ChartPoints(points).cut(lo, hi);
-        ASSERT_TRUE(areSame(once, cutPoints(points, lo, hi))) << "seed " << seed;
-        const double again = dice.oneOf(few);
-        ASSERT_TRUE(areSame(once.cut(again, hi), cutPoints(cutPoints(points, lo, hi), again, hi))) << "seed " << seed;
-    }
+        const TimeRange first{.lo = dice.oneOf(few), .hi = dice.oneOf(few)};
+        const TimeRange second{.lo = dice.oneOf(few), .hi = first.hi};
+        const ChartPoints once = ChartPoints(points).cut(first.lo, first.hi);
+        ASSERT_TRUE(areSame(once, filtered(points, first)));
+        ASSERT_TRUE(areSame(once.cut(second.lo, second.hi), filtered(filtered(points, first), second)));
+    });
 }
 
 TEST(NearestSample, isFoundByBothTieRules)
 {
-    for (std::uint64_t seed = 0; seed < 20'000; ++seed) {
-        Dice dice(seed);
+    forSeeds(20'000, [&](Dice& dice) {
         std::vector<double> values(static_cast<std::size_t>(dice.below(12)));
         for (double& value : values)
             value = static_cast<double>(dice.below(10)) / 2.0; // some are equal, and ties are exact
@@ -324,15 +280,15 @@ TEST(NearestSample, isFoundByBothTieRules)
         const double seconds = static_cast<double>(dice.between(-4, 24)) / 4.0;
         const std::ptrdiff_t later = nearestBy(values, seconds, Tie::later);
         const std::ptrdiff_t earlier = nearestBy(values, seconds, Tie::earlier);
-        ASSERT_EQ(later, static_cast<std::ptrdiff_t>(naive::nearest(values, seconds, false))) << "seed " << seed;
-        ASSERT_EQ(earlier, static_cast<std::ptrdiff_t>(naive::nearest(values, seconds, true))) << "seed " << seed;
+        ASSERT_EQ(later, static_cast<std::ptrdiff_t>(naive::nearest(values, seconds, false)));
+        ASSERT_EQ(earlier, static_cast<std::ptrdiff_t>(naive::nearest(values, seconds, true)));
         ASSERT_EQ(nearestIndex(values, seconds), later);
         for (const double value : values) {
             const bool isNearer =
                 std::fabs(value - seconds) < std::fabs(values[static_cast<std::size_t>(later)] - seconds);
-            ASSERT_FALSE(ascends && isNearer) << "seed " << seed;
+            ASSERT_FALSE(ascends && isNearer);
         }
-    }
+    });
 }
 
 } // namespace

@@ -1,41 +1,35 @@
 #include "platform/SettingsStore.h"
 
+#include "EventLoop.h"
 #include "surroundings.h"
-
-#include <QCoreApplication>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <map>
 #include <memory>
 
 namespace ospra {
 namespace {
 
+using namespace std::chrono_literals;
 using Texts = std::vector<std::string>;
 
-class SettingsStoreTest : public testing::Test {
+class SettingsStoreTest : public EventLoop {
 protected:
     [[nodiscard]] std::string path() const { return m_folder.path() / "sub/Ospra.conf"; }
     [[nodiscard]] const TemporaryFolder& folder() const { return m_folder; }
 
-    /// Hands control to the event loop until the condition holds, for at most `milliseconds`.
-    template <typename Condition>
-    static bool runEventLoopUntil(Condition condition, int milliseconds = 10'000)
+    /// A store that reads the file anew. Stores of one file in one process share what they have read, hence the copy.
+    [[nodiscard]] std::unique_ptr<SettingsStore> copyOf(const std::filesystem::path& file) const
     {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-        while (!condition() && std::chrono::steady_clock::now() < end)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        return condition();
+        const std::filesystem::path copy = folder().path() / ("copy-" + file.filename().string());
+        std::filesystem::copy_file(file, copy);
+        return makeFileSettingsStore(copy);
     }
 
 private:
     TemporaryFolder m_folder;
-    int m_count = 1;
-    char m_name[5] = "test";
-    char* m_arguments[2] = {m_name, nullptr};
-    QCoreApplication m_application{m_count, m_arguments};
 };
 
 std::string allBytes()
@@ -46,52 +40,42 @@ std::string allBytes()
     return bytes;
 }
 
-const std::vector<Texts>& textLists()
-{
-    static const std::vector<Texts> lists{{},
-                                          {""},
-                                          {"", ""},
-                                          {"Elevation"},
-                                          {"Elevation", "Vertical Speed"},
-                                          {"true"},
-                                          {"texts"},
-                                          {"a, b", " c ", "d;e=f", "\"q\"", "\\x41", "@Invalid()", "@", "%20", "100%"},
-                                          {"H\xC3\xB6he", "\xE6\x97\xA5\xE6\x9C\xAC", "\xF0\x9F\xAA\x82"},
-                                          {std::string("a\nb\r\n\tc\0d", 9)}};
-    return lists;
-}
-
 TEST_F(SettingsStoreTest, valuesComeBackAsTheyWereAlsoFromTheFile)
 {
-    const std::vector<Texts> byteLists{{}, {""}, {allBytes()}, {"", allBytes(), ","}};
+    const std::map<std::string, Texts> texts{{"none", {}},
+                                             {"empty", {""}},
+                                             {"one", {"true"}},
+                                             {"two", {"texts", "Vertical Speed"}},
+                                             {"marks", {"a, b", " c ", "d;e=f", "\"q\"", "\\x41", "@Invalid()", "%20"}},
+                                             {"scripts", {"H\xC3\xB6he", "\xE6\x97\xA5", "\xF0\x9F\xAA\x82"}},
+                                             {"control", {std::string("a\nb\r\n\tc\0d", 9)}}};
+    const std::map<std::string, Texts> byteLists{
+        {"noBytes", {}}, {"emptyBytes", {""}}, {"allBytes", {"", allBytes(), ","}}};
     const Texts byteStrings{"", "x", "@ByteArray(x)", allBytes()};
-    const auto check = [&](const SettingsStore& store) {
-        for (std::size_t i = 0; i < textLists().size(); ++i)
-            EXPECT_EQ(store.texts("texts" + std::to_string(i)), textLists()[i]) << i;
-        for (std::size_t i = 0; i < byteLists.size(); ++i)
-            EXPECT_EQ(store.byteList("byteList" + std::to_string(i)), byteLists[i]) << i;
-        for (std::size_t i = 0; i < byteStrings.size(); ++i)
-            EXPECT_EQ(store.bytes("bytes" + std::to_string(i)), byteStrings[i]) << i;
-        EXPECT_TRUE(store.boolean("on"));
-        EXPECT_FALSE(store.boolean("off"));
-        EXPECT_TRUE(store.contains("off"));
-        EXPECT_FALSE(store.contains("removed"));
-    };
     const auto store = makeFileSettingsStore(path());
-    for (std::size_t i = 0; i < textLists().size(); ++i)
-        store->setTexts("texts" + std::to_string(i), textLists()[i]);
-    for (std::size_t i = 0; i < byteLists.size(); ++i)
-        store->setByteList("byteList" + std::to_string(i), byteLists[i]);
+    for (const auto& [key, value] : texts)
+        store->setTexts(key, value);
+    for (const auto& [key, value] : byteLists)
+        store->setByteList(key, value);
     for (std::size_t i = 0; i < byteStrings.size(); ++i)
-        store->setBytes("bytes" + std::to_string(i), byteStrings[i]);
+        store->setBytes(std::to_string(i), byteStrings[i]);
     store->setBoolean("on", true);
     store->setBoolean("off", false);
     store->setBytes("removed", "x");
     store->remove("removed");
-    check(*store);
-    // A copy under another name, since stores of one file in one process share what they have read.
-    std::filesystem::copy_file(path(), folder().path() / "copy.conf");
-    check(*makeFileSettingsStore(folder().path() / "copy.conf"));
+    const auto copy = copyOf(path());
+    for (const SettingsStore* const read : {store.get(), copy.get()}) {
+        for (const auto& [key, value] : texts)
+            EXPECT_EQ(read->texts(key), value) << key;
+        for (const auto& [key, value] : byteLists)
+            EXPECT_EQ(read->byteList(key), value) << key;
+        for (std::size_t i = 0; i < byteStrings.size(); ++i)
+            EXPECT_EQ(read->bytes(std::to_string(i)), byteStrings[i]) << i;
+        EXPECT_TRUE(read->boolean("on"));
+        EXPECT_FALSE(read->boolean("off"));
+        EXPECT_TRUE(read->contains("off"));
+        EXPECT_FALSE(read->contains("removed"));
+    }
 }
 
 TEST_F(SettingsStoreTest, aValueOfAnotherKindIsAbsent)
@@ -128,32 +112,31 @@ TEST_F(SettingsStoreTest, booleansAreReadGenerously)
 
 TEST_F(SettingsStoreTest, rubbishGivesAbsentValuesAndCanBeWrittenOver)
 {
-    const auto original = makeFileSettingsStore(folder().path() / "whole.conf");
+    const auto original = makeFileSettingsStore(path());
     original->setByteList("list", {allBytes(), "second"});
     original->setTexts("texts", {"a", "b"});
-    std::ifstream stream(folder().path() / "whole.conf", std::ios::binary);
+    std::ifstream stream(path(), std::ios::binary);
     const std::string whole{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     std::vector<std::string> contents{allBytes() + allBytes(),
                                       "[General",
                                       "no key at all\n=\n[]\n",
                                       "[General]\nlist=",
+                                      "[General]\nlist=bytes, eA==, eA==\n",
                                       "[General]\nlist=@Variant(\\0\\0\\0\\x7f\\xff\\xff)\ntexts=@ByteArray(texts)\n",
                                       "[General]\nlist=byteList, %%%%\ntexts=@Rect(1 2 3 4)\n"};
     for (std::size_t length = 0; length < whole.size(); length += 7)
         contents.push_back(whole.substr(0, length));
-    int number = 0;
-    for (const std::string& content : contents) {
-        SCOPED_TRACE(testing::PrintToString(content));
-        const std::string name = "rubbish" + std::to_string(++number) + ".conf";
-        const auto store = makeFileSettingsStore(folder().write(name, content));
+    for (std::size_t i = 0; i < contents.size(); ++i) {
+        SCOPED_TRACE(testing::PrintToString(contents[i]));
+        const auto file = folder().write("rubbish" + std::to_string(i) + ".conf", contents[i]);
+        const auto store = makeFileSettingsStore(file);
         EXPECT_FALSE(store->boolean("list"));
         EXPECT_FALSE(store->bytes("list"));
         const auto list = store->byteList("list");
         EXPECT_TRUE(!list || list->size() < 2 || *list == Texts({allBytes(), "second"}) || (*list)[1] != "second");
         store->setTexts("texts", {"new"});
         EXPECT_EQ(store->texts("texts"), Texts{"new"});
-        std::filesystem::copy_file(folder().path() / name, folder().path() / ("copy-" + name));
-        EXPECT_EQ(makeFileSettingsStore(folder().path() / ("copy-" + name))->texts("texts"), Texts{"new"});
+        EXPECT_EQ(copyOf(file)->texts("texts"), Texts{"new"});
     }
 }
 
@@ -178,7 +161,7 @@ TEST_F(SettingsStoreTest, aStoreThatCannotBeWrittenKeepsValuesForTheRun)
         store.observe([&] { ++calls; });
         store.setBoolean("useMetric", true);
         store.setTexts("enabledSeries", {"Elevation"});
-        EXPECT_TRUE(runEventLoopUntil([&] { return calls > 0; }));
+        EXPECT_TRUE(runUntil([&] { return calls > 0; }));
         EXPECT_TRUE(store.boolean("useMetric"));
         EXPECT_EQ(store.texts("enabledSeries"), Texts{"Elevation"});
         store.remove("useMetric");
@@ -206,12 +189,12 @@ TEST_F(SettingsStoreTest, ownWritesAreToldOncePerBurstAndLater)
     store->setTexts("b", {"x"});
     store->remove("a");
     EXPECT_EQ(calls, 0);
-    EXPECT_TRUE(runEventLoopUntil([&] { return calls > 0; }));
-    EXPECT_FALSE(runEventLoopUntil([&] { return calls > 1; }, 300)) << "the own change of the file is no second change";
+    EXPECT_TRUE(runUntil([&] { return calls > 0; }));
+    EXPECT_FALSE(runUntil([&] { return calls > 1; }, 300ms)) << "the own change of the file is no second change";
     store->setBoolean("a", true);
     store->observe({});
     store->setBoolean("a", false);
-    EXPECT_FALSE(runEventLoopUntil([&] { return calls > 1; }, 100));
+    EXPECT_FALSE(runUntil([&] { return calls > 1; }, 100ms));
 }
 
 TEST_F(SettingsStoreTest, anObserverMayWriteAndEndItself)
@@ -224,8 +207,8 @@ TEST_F(SettingsStoreTest, anObserverMayWriteAndEndItself)
         store->setBoolean("a", calls % 2 == 0);
     });
     store->setBoolean("a", true);
-    EXPECT_TRUE(runEventLoopUntil([&] { return calls == 3; }));
-    EXPECT_FALSE(runEventLoopUntil([&] { return calls > 3; }, 100));
+    EXPECT_TRUE(runUntil([&] { return calls == 3; }));
+    EXPECT_FALSE(runUntil([&] { return calls > 3; }, 100ms));
 }
 
 TEST_F(SettingsStoreTest, changesByOthersAreNoticed)
@@ -233,24 +216,22 @@ TEST_F(SettingsStoreTest, changesByOthersAreNoticed)
     const auto store = makeFileSettingsStore(path());
     int calls = 0;
     store->observe([&] { ++calls; });
-
+    const auto expectNoticed = [&](bool useMetric, bool hasOther) {
+        EXPECT_TRUE(runUntil([&] {
+            return store->boolean("useMetric") == useMetric && store->contains("other") == hasOther && calls > 0;
+        }));
+        calls = 0;
+    };
     const auto second = makeFileSettingsStore(path()); // the file does not exist yet
     second->setBoolean("useMetric", true);
-    EXPECT_TRUE(runEventLoopUntil([&] { return store->boolean("useMetric") && calls > 0; }));
-
-    calls = 0; // written in place, as an editor may do
-    folder().write("sub/Ospra.conf", "[General]\nuseMetric=false\nother=true\n");
-    EXPECT_TRUE(
-        runEventLoopUntil([&] { return !store->boolean("useMetric") && store->boolean("other") && calls > 0; }));
-
-    calls = 0; // replaced, as another program does
-    std::filesystem::rename(folder().write("sub/new", "[General]\nuseMetric=true\n"), path());
-    EXPECT_TRUE(
-        runEventLoopUntil([&] { return store->boolean("useMetric") && !store->contains("other") && calls > 0; }));
-
-    calls = 0; // and in place once more, in the file that is a new one now
-    folder().write("sub/Ospra.conf", "[General]\nuseMetric=off\n");
-    EXPECT_TRUE(runEventLoopUntil([&] { return !store->boolean("useMetric") && calls > 0; }));
+    expectNoticed(true, false);
+    folder().write("sub/Ospra.conf", "[General]\nuseMetric=false\nother=true\n"); // in place, as an editor may do
+    expectNoticed(false, true);
+    std::filesystem::rename(folder().write("sub/new", "[General]\nuseMetric=true\n"),
+                            path()); // as another program does
+    expectNoticed(true, false);
+    folder().write("sub/Ospra.conf", "[General]\nuseMetric=off\n"); // in place, in the file that is a new one now
+    expectNoticed(false, false);
 }
 
 TEST_F(SettingsStoreTest, theUsersStoreLiesInTheConfigurationFolder)

@@ -1,13 +1,11 @@
+#include "EventLoop.h"
 #include "platform/Mailbox.h"
 #include "platform/TaskPool.h"
-
-#include <QCoreApplication>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
 #include <latch>
 #include <thread>
 
@@ -88,23 +86,7 @@ TEST(Mailbox, wakesOncePerFillingAndKeepsTheOrder)
     EXPECT_EQ(wakeUps, 2);
 }
 
-/// Runs the event loop until the condition holds, for at most ten seconds.
-template <typename Condition>
-bool runEventLoopUntil(Condition condition)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!condition() && std::chrono::steady_clock::now() < end)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
-}
-
-class EventLoopMailbox : public testing::Test {
-private:
-    int m_count = 1;
-    char m_name[5] = "test";
-    char* m_arguments[2] = {m_name, nullptr};
-    QCoreApplication m_application{m_count, m_arguments};
-};
+using EventLoopMailbox = EventLoop;
 
 TEST_F(EventLoopMailbox, bringsResultsOfManyTasksToTheMainThread)
 {
@@ -127,7 +109,7 @@ TEST_F(EventLoopMailbox, bringsResultsOfManyTasksToTheMainThread)
         posted.wait();
     }
     EXPECT_EQ(sum, 0) << "nothing runs before control is back in the event loop";
-    EXPECT_TRUE(runEventLoopUntil([&] { return sum == 199 * 200 / 2; })) << sum;
+    EXPECT_TRUE(runUntil([&] { return sum == 199 * 200 / 2; })) << sum;
 }
 
 TEST_F(EventLoopMailbox, mayGoWithAWakeUpUnderWay)
@@ -158,7 +140,7 @@ TEST_F(EventLoopMailbox, aMessageMayDropTheLastHold)
         mailbox.reset();
     });
     mailbox->post([&] { ++ran; });
-    EXPECT_TRUE(runEventLoopUntil([&] { return ran == 2; }));
+    EXPECT_TRUE(runUntil([&] { return ran == 2; }));
     EXPECT_EQ(mailbox, nullptr);
 }
 

@@ -7,8 +7,8 @@ namespace {
 
 struct Row {
     std::string bytes;
-    bool isValid;
-    std::string shown;
+    bool isValid = true;
+    std::string shown = bytes;
 };
 
 const std::string mark = "\xEF\xBF\xBD";
@@ -16,11 +16,11 @@ const std::string mark = "\xEF\xBF\xBD";
 std::vector<Row> rows()
 {
     return {
-        {"", true, ""},
-        {std::string("a\0b", 3), true, std::string("a\0b", 3)},
-        {"\xC2\x80\xDF\xBF", true, "\xC2\x80\xDF\xBF"},
-        {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF", true, "\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"},
-        {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", true, "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
+        {""},
+        {std::string("a\0b", 3)},
+        {"\xC2\x80\xDF\xBF"},
+        {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"},
+        {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
         {"\x80", false, mark},
         {"\xC1\xBF", false, mark + mark},            // overlong
         {"\xE0\x9F\xBF", false, mark + mark + mark}, // overlong

@@ -1,66 +1,33 @@
 """Ending the program and starting it again: what was open comes back, what has gone or was closed does not."""
 
 import os
-import re
 
-from driver import samples, screen, sidebar
+from driver import menus, samples, screen, sidebar
 from driver.program import Program
-from driver.waiting import expect, expect_equal, wait_for
-
-
-def companion_names(program):
-    """Those that the menu offers to remove."""
-    program.window.await_node("menu-bar").await_node("menu-item", "Companions").click()
-    menu = program.window.await_node("popup-menu", "Companions")
-    menu.await_node("menu-item", "Add Companion Folder...")
-    names = [node.name.removeprefix("Remove ") for node in menu.find_all("menu-item", re.compile("Remove .*"))]
-    screen.key("Escape")
-    program.window.await_gone("popup-menu")
-    return names
-
-
-def quit_by_key(program):
-    screen.key("ctrl+q")
-    program.expect_end()
-
-
-def see_jumps(program, folder):
-    wanted = sorted(samples.logs(f"{folder}/Logbook"))
-    wait_for(lambda: sorted(sidebar.logs(program)) == wanted, "all jumps in the list")
-
-
-def see_welcome(program):
-    program.window.await_node("label", "Welcome to Ospra")
-    expect_equal(sidebar.rows(program), [], "rows of the list")
-    expect(not program.window.find(None, "Unable to Load Jump Data"), "no alert")
+from driver.waiting import expect_equal
 
 
 def restore(folder):
     """A folder named on the command line is as good as one that was opened before."""
     with Program(f"{folder}/Logbook") as program:
-        see_jumps(program, folder)
-        quit_by_key(program)
+        sidebar.see_jumps(program, f"{folder}/Logbook")
     with Program() as program:
-        see_jumps(program, folder)
-        expect_equal(companion_names(program), [], "companions")
-        quit_by_key(program)
+        sidebar.see_jumps(program, f"{folder}/Logbook")
+        expect_equal(menus.companions(program), [], "companions")
     samples.remember(f"{folder}/Logbook", *samples.companions(folder))
     with Program() as program:
-        see_jumps(program, folder)
-        expect_equal(companion_names(program), ["Jonas", "Maya"], "companions")
-        quit_by_key(program)
+        sidebar.see_jumps(program, f"{folder}/Logbook")
+        expect_equal(menus.companions(program), ["Jonas", "Maya"], "companions")
 
 
 def miss_a_folder(folder):
     os.rename(f"{folder}/Jonas", f"{folder}/gone")
     with Program() as program:
-        see_jumps(program, folder)
-        expect_equal(companion_names(program), ["Maya"], "companions that are left")
-        quit_by_key(program)
+        sidebar.see_jumps(program, f"{folder}/Logbook")
+        expect_equal(menus.companions(program), ["Maya"], "companions that are left")
     os.rename(f"{folder}/Logbook", f"{folder}/gone too")
     with Program() as program:
-        see_welcome(program)
-        quit_by_key(program)
+        sidebar.see_welcome(program)
     os.rename(f"{folder}/gone too", f"{folder}/Logbook")
     os.rename(f"{folder}/gone", f"{folder}/Jonas")
 
@@ -68,13 +35,11 @@ def miss_a_folder(folder):
 def close_folder(folder):
     samples.remember(f"{folder}/Logbook")
     with Program() as program:
-        see_jumps(program, folder)
+        sidebar.see_jumps(program, f"{folder}/Logbook")
         screen.key("ctrl+shift+w")
-        see_welcome(program)
-        quit_by_key(program)
+        sidebar.see_welcome(program)
     with Program() as program:
-        see_welcome(program)
-        quit_by_key(program)
+        sidebar.see_welcome(program)
 
 
 def end_while_scanning():

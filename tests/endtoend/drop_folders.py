@@ -1,12 +1,11 @@
 """Folders that are dragged from another program onto the window."""
 
 import os
-import re
 import subprocess
 
-from driver import samples, screen, sidebar
+from driver import menus, samples, screen, sidebar
 from driver.program import BIN, Program
-from driver.waiting import expect, expect_equal, wait_for
+from driver.waiting import expect_equal, wait_for
 
 SOURCE = (30, 30)  # a place in the other program's window
 
@@ -40,36 +39,23 @@ def drag(program, path, is_folder=True):
             source.kill()
 
 
-def companions(program):
-    """The names in the menu from which companions are removed."""
-    program.window.await_node("menu-bar").await_node("menu-item", "Companions").click()
-    menu = program.window.await_node("popup-menu", "Companions")
-    menu.await_node("menu-item", "Add Companion Folder...")
-    names = [node.name.removeprefix("Remove ") for node in menu.find_all("menu-item", re.compile("Remove .*"))]
-    screen.key("Escape")
-    program.window.await_gone("popup-menu")
-    return names
-
-
 def main():
     folder = samples.make()
     logbook = f"{folder}/Logbook"
     companion = samples.companions(folder)[0]
     with Program() as program:
-        program.window.await_node("label", "Welcome to Ospra")
+        sidebar.see_welcome(program)
         a_file = next(iter(samples.logs(logbook).values()))
         expect_equal(drag(program, a_file, is_folder=False), "ignored", "what became of a file")
-        expect(program.window.find("label", "Welcome to Ospra"), "a file opens nothing")
+        sidebar.see_welcome(program)
         expect_equal(drag(program, logbook), "copy", "what became of a folder")
-        wait_for(lambda: sorted(sidebar.logs(program)) == sorted(samples.logs(logbook)), "the jumps of the folder")
-        expect_equal(companions(program), [], "companions")
+        sidebar.see_jumps(program, logbook)
+        expect_equal(menus.companions(program), [], "companions")
         screen.hold("shift")
         expect_equal(drag(program, companion), "copy", "what became of a folder with Shift")
         screen.let_go("shift")
-        wait_for(lambda: companions(program) == [os.path.basename(companion)], "the companion in its menu")
+        wait_for(lambda: menus.companions(program) == [os.path.basename(companion)], "the companion in its menu")
         expect_equal(sorted(sidebar.logs(program)), sorted(samples.logs(logbook)), "jumps of the list")
-        screen.key("ctrl+q")
-        program.expect_end()
 
 
 if __name__ == "__main__":

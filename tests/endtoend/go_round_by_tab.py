@@ -49,8 +49,7 @@ def go_round(program):
 
 
 def main():
-    folder = samples.make()
-    samples.remember(f"{folder}/Logbook", *samples.companions(folder))
+    samples.remembered()
     with Program() as program:
         go_round(program)
 

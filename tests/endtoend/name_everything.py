@@ -2,7 +2,7 @@
 
 import re
 
-from driver import samples, screen, sidebar
+from driver import menus, samples, screen, sidebar
 from driver.program import Program
 from driver.waiting import expect, expect_equal
 
@@ -27,23 +27,18 @@ def see_names(program, where):
 
 
 def see_menus(program, where):
-    titles = program.window.await_node("menu-bar").find_all("menu-item")
-    expect_equal([node.name for node in titles], ["Ospra", "File", "Edit", "Companions", "Jump"], "menus")
+    titles = [node.name for node in program.window.await_node("menu-bar").find_all("menu-item")]
+    expect_equal(titles, ["Ospra", "File", "Edit", "Companions", "Jump"], "menus")
     for title in titles:
-        title.click()
-        item = program.window.await_node("popup-menu", title.name).await_node("menu-item")
-        see_names(program, f"{where}, menu {title.name}")
+        item = menus.show(program, title).find("menu-item")
+        see_names(program, f"{where}, menu {title}")
         screen.hover(*item.middle())  # off the title, over which the toolkit keeps the menus ready to open
-        screen.key("Escape")
-        program.window.await_gone("popup-menu")
-
-
-def see_button_menu(program, name, where):
-    program.window.await_node("push-button", name).click()
-    program.window.await_node("popup-menu", name).await_node("menu-item")
-    see_names(program, f"{where}, menu {name}")
-    screen.key("Escape")
-    program.window.await_gone("popup-menu")
+        menus.leave(program)
+    for button in ("Folders", "Data Series"):
+        program.window.await_node("push-button", button).click()
+        program.window.await_node("popup-menu", button).await_node("menu-item")
+        see_names(program, f"{where}, menu {button}")
+        menus.leave(program)
 
 
 def see_screens(program):
@@ -59,8 +54,6 @@ def see_screens(program):
         expect(ground.find("label", name), f"the map tells of {name}")
     expect(program.window.find("label", re.compile("Exit [0-9,]+ .*")), "the key numbers are labels")
     see_menus(program, "jump")
-    see_button_menu(program, "Folders", "jump")
-    see_button_menu(program, "Data Series", "jump")
     screen.key("ctrl+comma")
     program.root.await_node("radio-button", "Metric")
     see_names(program, "settings")
@@ -72,8 +65,7 @@ def see_screens(program):
 
 
 def main():
-    folder = samples.make()
-    samples.remember(f"{folder}/Logbook", *samples.companions(folder))
+    samples.remembered()
     with Program() as program:
         see_screens(program)
 

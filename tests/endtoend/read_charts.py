@@ -151,8 +151,7 @@ def keys(program):
 
 
 def main():
-    folder = samples.make()
-    samples.remember(f"{folder}/Logbook", *samples.companions(folder))
+    samples.remembered()
     with Program() as program:
         sidebar.open_jump(program, "10-24-16")
         hover(program)

@@ -54,8 +54,6 @@ def main():
             see_imagery(program, plain)
             expect(server.stop() > 0, "the server was asked")
             go_on_without(program)
-            screen.key("ctrl+q")
-            program.expect_end()
 
 
 if __name__ == "__main__":

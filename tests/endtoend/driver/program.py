@@ -13,7 +13,8 @@ BIN = os.environ["OSPRA_BIN"]
 
 
 class Program:
-    """The program from its start to its end. Used with `with`, it is gone afterwards whatever happens."""
+    """The program from its start to its end. Used with `with`, it is quit at the end, which it must do without a word
+    of complaint; and it is gone afterwards whatever happens."""
 
     def __init__(self, *arguments, tracer=()):
         self._complaints = tempfile.TemporaryFile("w+", encoding="utf-8")
@@ -31,9 +32,14 @@ class Program:
         return self
 
     def __exit__(self, kind, error, trace):
-        if error is not None and self.root is not None and self.is_running():
-            leave_traces(self.root)
-        self._kill()
+        try:
+            if error is None and self.is_running():
+                screen.key("ctrl+q")
+                self.expect_end()
+        finally:
+            if self.is_running():
+                leave_traces(self.root)
+            self._kill()
 
     def _program_id(self):
         """Of the program itself, where another one, such as a tracer, has started it."""

@@ -29,6 +29,13 @@ def remember(primary, *others):
     subprocess.run([f"{BIN}/remember-folders", settings, primary, *others], check=True)
 
 
+def remembered():
+    """Makes small samples that were all open when the program was last closed, and gives their folder."""
+    folder = make()
+    remember(f"{folder}/Logbook", *companions(folder))
+    return folder
+
+
 def logs(folder):
     """The path of each log of a jumper by the name that the program gives it: that of the file, or of its folder where
     the logger has made one for each jump."""

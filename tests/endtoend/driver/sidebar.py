@@ -1,6 +1,7 @@
 """The list of jumps beside the screens."""
 
-from driver.waiting import wait_for
+from driver import samples
+from driver.waiting import expect, expect_equal, wait_for
 
 
 def _items(program):
@@ -34,3 +35,16 @@ def open_jump(program, log):
 
     wait_for(row, f"the row of {log}").click()
     program.window.await_node("label", log)
+
+
+def see_jumps(program, folder):
+    """All jumps of a folder come into the list."""
+    wanted = sorted(samples.logs(folder))
+    wait_for(lambda: sorted(logs(program)) == wanted, f"the jumps of {folder} in the list")
+
+
+def see_welcome(program):
+    """No folder is open, and nothing is said against that."""
+    program.window.await_node("label", "Welcome to Ospra")
+    expect_equal(rows(program), [], "rows of the list")
+    expect(not program.window.find(None, "Unable to Load Jump Data"), "no alert")

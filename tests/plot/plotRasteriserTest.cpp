@@ -1,10 +1,13 @@
-#include "plotPictures.h"
+#include "plot/PlotRasteriser.h"
+
+#include "tests/support/Picture.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <random>
 #include <vector>
 
@@ -13,6 +16,50 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+/// Alpha of a whole column of pixels, in pixels: the thickness of what is drawn there.
+double columnCoverage(const Picture& picture, int column)
+{
+    double sum = 0.0;
+    for (int row = 0; row < picture.rows; ++row)
+        sum += picture.alpha(column, row) / 255.0;
+    return sum;
+}
+
+/// A frame in which a time of n lies n pixels from the left, and a value of n lies n pixels below the top.
+PlotFrame pixelFrame(int columns, int rows, double scale = 1.0)
+{
+    const double width = columns;
+    const double height = rows;
+    return {.columns = columns,
+            .rows = rows,
+            .plotWidth = width,
+            .plotHeight = height,
+            .scale = scale,
+            .seconds = {0.0, width},
+            .values = {height, 0.0}};
+}
+
+/// A white line of width 1.5 that owns its points.
+PlotLine lineThrough(const std::vector<PixelPoint>& points)
+{
+    const auto owned = std::make_shared<const std::vector<PixelPoint>>(points);
+    const double* const x = owned->empty() ? nullptr : &owned->front().x;
+    const double* const y = owned->empty() ? nullptr : &owned->front().y;
+    return {.owner = owned, .x = x, .y = y, .stride = 2, .count = owned->size()};
+}
+
+Picture drawPlot(const PlotContent& content, const PlotFrame& frame)
+{
+    Picture drawn{.columns = frame.columns, .rows = frame.rows};
+    PlotRasteriser().draw(content, frame, drawn.pixels, frame.columns);
+    return drawn;
+}
+
+Picture drawLine(const PlotLine& line, const PlotFrame& frame)
+{
+    return drawPlot({.lines = {line}}, frame);
+}
 
 std::vector<PixelPoint> sampled(int count, double width, double (*value)(double))
 {
@@ -34,8 +81,8 @@ TEST(PlotRasteriser, drawsALineAsThickAsItIs)
             const auto slanted = drawLine(lineThrough(sampled(samples, 100.0, [](double x) { return 2.0 * x - 80.0; })),
                                           pixelFrame(100, 40, scale));
             for (int column = 45; column < 55; ++column) {
-                EXPECT_NEAR(level.columnCoverage(column), 1.5 * scale, 0.02);
-                EXPECT_NEAR(slanted.columnCoverage(column), 1.5 * scale * std::sqrt(5.0), 0.25 * scale);
+                EXPECT_NEAR(columnCoverage(level, column), 1.5 * scale, 0.02);
+                EXPECT_NEAR(columnCoverage(slanted, column), 1.5 * scale * std::sqrt(5.0), 0.25 * scale);
             }
         }
     }
@@ -59,7 +106,7 @@ TEST(PlotRasteriser, coversThePixelOfEverySample)
                 points.push_back({299.999 * std::abs(step(random)), y});
             }
             std::ranges::sort(points, {}, &PixelPoint::x); // unevenly spaced
-            const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(300, 80));
+            const Picture drawn = drawLine(lineThrough(points), pixelFrame(300, 80));
             for (const auto& [x, sampleY] : points)
                 ASSERT_GE(drawn.alpha(static_cast<int>(x), static_cast<int>(sampleY)), leastSampleAlpha)
                     << x << " " << sampleY;
@@ -70,7 +117,7 @@ TEST(PlotRasteriser, coversThePixelOfEverySample)
 TEST(PlotRasteriser, coversLittleThatIsFarFromTheLine)
 {
     const auto points = sampled(3000, 300.0, [](double x) { return 40.0 + 30.0 * std::sin(x / 20.0); });
-    const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(300, 80));
+    const Picture drawn = drawLine(lineThrough(points), pixelFrame(300, 80));
     for (int column = 0; column < 300; ++column) {
         for (int row = 0; row < 80; ++row) {
             double nearest = infinity;
@@ -87,12 +134,12 @@ TEST(PlotRasteriser, showsAPeakOfOneSampleAtFullRange)
     for (const int peak : {0, 12345, 24999}) {
         auto points = sampled(25000, 500.0, [](double) { return 90.5; });
         points[static_cast<std::size_t>(peak)].y = 10.5;
-        const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(500, 100));
+        const Picture drawn = drawLine(lineThrough(points), pixelFrame(500, 100));
         const int column = std::min(static_cast<int>(500.0 * peak / 24999), 499);
         SCOPED_TRACE(column);
         for (int row = 10; row < 90; ++row)
             ASSERT_GE(drawn.alpha(column, row), 180);
-        EXPECT_NEAR(drawn.columnCoverage(100), 1.5, 0.01); // and nothing elsewhere
+        EXPECT_NEAR(columnCoverage(drawn, 100), 1.5, 0.01); // and nothing elsewhere
     }
 }
 
@@ -101,8 +148,8 @@ TEST(PlotRasteriser, keepsATranslucentLineEven)
     PlotLine line = lineThrough({{5.0, 5.0}, {35.0, 35.0}, {35.0, 5.0}, {5.0, 35.0}, {20.0, 5.0}, {20.0, 35.0}});
     line.opacity = 0.7;
     line.color = 0x0000ff;
-    const DrawnPlot drawn = drawLine(line, pixelFrame(40, 40));
-    EXPECT_EQ(*std::ranges::max_element(drawn.pixels), 0xb30000b3); // 0.7 * 255 is 178.5
+    const Picture drawn = drawLine(line, pixelFrame(40, 40));
+    EXPECT_EQ(std::ranges::max(drawn.pixels), 0xb30000b3); // 0.7 * 255 is 178.5
     for (const std::uint32_t pixel : drawn.pixels)
         ASSERT_EQ(pixel & 0xff, pixel >> 24); // premultiplied
 }
@@ -114,7 +161,7 @@ TEST(PlotRasteriser, blendsLaterLinesOverEarlierOnes)
     PlotLine above = lineThrough({{10.5, 0.0}, {10.5, 20.0}});
     above.color = 0x00ff00;
     above.opacity = 0.5;
-    const DrawnPlot drawn = drawPlot({.lines = {below, above}}, pixelFrame(20, 20));
+    const Picture drawn = drawPlot({.lines = {below, above}}, pixelFrame(20, 20));
     EXPECT_EQ(drawn.pixel(3, 10), 0xffff0000);
     EXPECT_EQ(drawn.pixel(10, 10), 0xff7f8000);
     EXPECT_EQ(drawn.pixel(10, 3), 0x80008000);
@@ -127,7 +174,7 @@ TEST(PlotRasteriser, dashesInLogicalPixels)
             SCOPED_TRACE(testing::Message() << samples << " samples at " << scale);
             PlotLine line = lineThrough(sampled(samples, 180.0, [](double) { return 10.5; }));
             line.dash = {5.0, 4.0};
-            const DrawnPlot drawn = drawLine(line, pixelFrame(180, 21, scale));
+            const Picture drawn = drawLine(line, pixelFrame(180, 21, scale));
             for (int column = 0; column < 180; ++column) {
                 const bool on = column % (9 * scale) < 5 * scale;
                 ASSERT_EQ(drawn.alpha(column, 10), on ? 255 : 0) << column;
@@ -139,49 +186,39 @@ TEST(PlotRasteriser, dashesInLogicalPixels)
 TEST(PlotRasteriser, dashesAlongTheCurve)
 {
     PlotLine line = lineThrough(sampled(20000, 270.0, [](double x) { return 150.0 + 40.0 * std::sin(x / 40.0); }));
-    const double solid = [&] {
-        const DrawnPlot drawn = drawLine(line, pixelFrame(270, 300));
+    const auto coverage = [&line] {
+        const Picture drawn = drawLine(line, pixelFrame(270, 300));
         double sum = 0.0;
         for (int column = 0; column < 270; ++column)
-            sum += drawn.columnCoverage(column);
+            sum += columnCoverage(drawn, column);
         return sum;
-    }();
+    };
+    const double solid = coverage();
     line.dash = {5.0, 4.0};
-    const DrawnPlot drawn = drawLine(line, pixelFrame(270, 300));
-    double dashed = 0.0;
-    for (int column = 0; column < 270; ++column)
-        dashed += drawn.columnCoverage(column);
-    EXPECT_NEAR(dashed / solid, 5.0 / 9.0, 0.04);
+    EXPECT_NEAR(coverage() / solid, 5.0 / 9.0, 0.04);
 }
 
 TEST(PlotRasteriser, joinsTheNeighboursOfPointsThatAreNotFinite)
 {
     const auto frame = pixelFrame(60, 40);
-    const DrawnPlot drawn = drawLine(lineThrough({{notANumber, 3.0},
-                                                  {0.0, 20.5},
-                                                  {10.0, notANumber},
-                                                  {20.0, infinity},
-                                                  {25.0, -infinity},
-                                                  {infinity, 20.0},
-                                                  {-infinity, 2.0},
-                                                  {60.0, 20.5},
-                                                  {61.0, notANumber}}),
-                                     frame);
+    const std::vector<PixelPoint> points{{notANumber, 3.0}, {0.0, 20.5},       {10.0, notANumber},
+                                         {20.0, infinity},  {25.0, -infinity}, {infinity, 20.0},
+                                         {-infinity, 2.0},  {60.0, 20.5},      {61.0, notANumber}};
+    const Picture drawn = drawLine(lineThrough(points), frame);
     EXPECT_EQ(drawn.pixels, drawLine(lineThrough({{0.0, 20.5}, {60.0, 20.5}}), frame).pixels);
 }
 
 TEST(PlotRasteriser, drawsClockStepsBackwards)
 {
     std::vector<PixelPoint> points;
-    points.reserve(4000);
     for (int i = 0; i < 4000; ++i)
         points.push_back({0.01 * i + (i >= 2000 ? -10.0 : 0.0), i < 2000 ? 5.5 : 30.5});
-    const DrawnPlot drawn = drawLine(lineThrough(points), pixelFrame(40, 40));
+    const Picture drawn = drawLine(lineThrough(points), pixelFrame(40, 40));
     for (int column = 1; column < 19; ++column)
         EXPECT_GE(drawn.alpha(column, 5), 250);
     for (int column = 11; column < 29; ++column)
         EXPECT_GE(drawn.alpha(column, 30), 250);
-    EXPECT_NEAR(drawn.rowCoverage(18), 1.5 * std::hypot(10.0, 25.0) / 25.0, 0.1); // the step itself
+    EXPECT_NEAR(columnCoverage(drawn, 15), 1.5 * (2.0 + std::hypot(10.0, 25.0) / 10.0), 0.1); // with the step itself
     EXPECT_EQ(drawn.alpha(5, 30), 0);
 }
 
@@ -192,9 +229,9 @@ TEST(PlotRasteriser, drawsAnythingWithoutHarm)
                                   12.0, 59.9, infinity, -infinity, 30.0,    notANumber, -5.0,   1e9};
     const auto pick = [&] { return odd[random() % odd.size()]; };
     for (int round = 0; round < 3000; ++round) {
-        std::vector<PixelPoint> points;
-        for (auto count = random() % 12; count > 0; --count)
-            points.push_back({pick(), pick()});
+        std::vector<PixelPoint> points(random() % 12);
+        for (PixelPoint& point : points)
+            point = {pick(), pick()};
         PlotLine line = lineThrough(points);
         line.width = pick();
         line.opacity = pick();
@@ -205,7 +242,7 @@ TEST(PlotRasteriser, drawsAnythingWithoutHarm)
         if (round % 5 == 0)
             frame.values = {pick(), pick()};
         const PlotMarker marker{.seconds = pick(), .dash = {pick(), pick()}, .width = pick(), .ruleOpacity = pick()};
-        const DrawnPlot drawn = drawPlot({.lines = {line}, .markers = {marker}}, frame);
+        const Picture drawn = drawPlot({.lines = {line}, .markers = {marker}}, frame);
         for (const std::uint32_t pixel : drawn.pixels)
             ASSERT_LE(pixel & 0xff, pixel >> 24) << round;
     }
@@ -213,7 +250,7 @@ TEST(PlotRasteriser, drawsAnythingWithoutHarm)
 
 TEST(PlotRasteriser, drawsHugeValuesAsTheirVisiblePart)
 {
-    const DrawnPlot drawn =
+    const Picture drawn =
         drawLine(lineThrough({{10.5, 20.5}, {10.5, 1e300}, {30.5, -1e300}, {30.5, 20.5}}), pixelFrame(40, 40));
     EXPECT_GE(drawn.alpha(10, 30), 250);
     EXPECT_EQ(drawn.alpha(10, 10), 0);
@@ -236,12 +273,12 @@ TEST(PlotRasteriser, drawsRulesCrisp)
     PlotFrame frame = pixelFrame(20, 44);
     frame.plotTop = 2.0;
     frame.plotHeight = 40.0;
-    const DrawnPlot drawn = drawPlot({.markers = {marker, {.seconds = 25.0}, {.seconds = notANumber}}}, frame);
-    for (int row = 0; row < 44; ++row) {
-        const bool on = row >= 2 && row < 42 && (row - 2) % 7 < 3;
-        EXPECT_EQ(drawn.pixel(10, row), on ? 0xffff0000 : 0U) << row;
-        EXPECT_NEAR(drawn.rowCoverage(row), on ? 1.0 : 0.0, 1e-9);
-    }
+    Picture expected{.columns = 20, .rows = 44};
+    std::ranges::fill(expected.pixels, 0U);
+    for (int row = 2; row < 42; ++row)
+        expected.pixels[static_cast<std::size_t>(20 * row + 10)] = (row - 2) % 7 < 3 ? 0xffff0000 : 0U;
+    const Picture drawn = drawPlot({.markers = {marker, {.seconds = 25.0}, {.seconds = notANumber}}}, frame);
+    EXPECT_EQ(drawn.pixels, expected.pixels);
 }
 
 TEST(PlotRasteriser, usesItsMemoryAgainWithoutATrace)
@@ -249,12 +286,11 @@ TEST(PlotRasteriser, usesItsMemoryAgainWithoutATrace)
     PlotRasteriser rasteriser;
     const auto noise = lineThrough(sampled(500, 60.0, [](double x) { return 20.0 + 30.0 * std::sin(40.0 * x); }));
     const auto level = lineThrough({{0.0, 5.5}, {60.0, 5.5}});
-    for (const auto& [columns, rows] : {std::pair(60, 40), std::pair(60, 40), std::pair(50, 41), std::pair(60, 40)}) {
-        const PlotFrame frame = pixelFrame(columns, rows);
-        std::vector<std::uint32_t> pixels(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
-        rasteriser.draw({.lines = {noise}}, frame, pixels, columns);
-        rasteriser.draw({.lines = {level}}, frame, pixels, columns);
-        EXPECT_EQ(pixels, drawLine(level, frame).pixels);
+    for (const PlotFrame& frame : {pixelFrame(60, 40), pixelFrame(50, 41), pixelFrame(60, 40)}) {
+        Picture picture{.columns = frame.columns, .rows = frame.rows};
+        for (const PlotLine& line : {noise, level})
+            rasteriser.draw({.lines = {line}}, frame, picture.pixels, frame.columns);
+        EXPECT_EQ(picture.pixels, drawLine(level, frame).pixels);
     }
 }
 

@@ -20,17 +20,15 @@ double gap(WorldPoint a, WorldPoint b)
 
 TEST(Mercator, placesKnownCoordinates)
 {
-    struct Row {
-        Coordinate coordinate;
-        WorldPoint point;
-    };
-    // The north-west corner of tile 8/134/90; its latitude by another form of the projection, asin(tanh).
-    for (const Row& row : {Row{{0.0, 0.0}, {0.5, 0.5}}, Row{{47.0401820, 8.4375}, {134.0 / 256.0, 90.0 / 256.0}},
-                           Row{{90.0, -180.0}, {0.0, 0.0}}, Row{{-90.0, 190.0}, {0.5 + 190.0 / 360.0, 1.0}}}) {
-        const auto point = worldPoint(row.coordinate);
+    // The second is the north-west corner of tile 8/134/90; its latitude by another form, asin(tanh).
+    for (const auto& [coordinate, expected] : {std::pair{Coordinate{0.0, 0.0}, WorldPoint{0.5, 0.5}},
+                                               {{47.0401820, 8.4375}, {134.0 / 256.0, 90.0 / 256.0}},
+                                               {{90.0, -180.0}, {0.0, 0.0}},
+                                               {{-90.0, 190.0}, {0.5 + 190.0 / 360.0, 1.0}}}) {
+        const auto point = worldPoint(coordinate);
         ASSERT_TRUE(point);
-        EXPECT_NEAR(point->x, row.point.x, 1e-9);
-        EXPECT_NEAR(point->y, row.point.y, 1e-9);
+        EXPECT_NEAR(point->x, expected.x, 1e-9);
+        EXPECT_NEAR(point->y, expected.y, 1e-9);
     }
     for (const double bad : {infinity, -infinity, notANumber, 1e7}) {
         EXPECT_FALSE(worldPoint({bad, 8.0}));
@@ -46,12 +44,10 @@ TEST(Mercator, findsBackAndMeasures)
             EXPECT_NEAR(back.latitude, latitude, 1e-9);
             EXPECT_NEAR(back.longitude, longitude, 1e-9);
         }
-        // A step of a thousandth of a degree to the north, on a sphere.
-        const double step =
-            worldPoint({latitude - 0.0005, 0.0})->y - worldPoint({latitude + 0.0005, 0.0})->y; // in world units
-        if (std::abs(latitude) < 85.0) {
-            EXPECT_NEAR(step * metersPerWorldUnit(latitude), 111.3195, 0.001);
-        }
+    }
+    for (const double latitude : {-84.0, -33.9, 0.0, 47.28}) { // a thousandth of a degree to the north, on a sphere
+        const double step = worldPoint({latitude - 0.0005, 0.0})->y - worldPoint({latitude + 0.0005, 0.0})->y;
+        EXPECT_NEAR(step * metersPerWorldUnit(latitude), 111.3195, 0.001);
     }
     EXPECT_NEAR(coordinateAt({1.25, 0.5}).longitude, -90.0, 1e-9); // another turn
 }
@@ -68,8 +64,7 @@ TEST(Camera, pixelAndPlaceAreInverse)
                 }
                 EXPECT_NEAR(back.y, pixel.y, 1e-4);
             }
-            const ViewPoint turned = view.pixelAt({x + 3.0, 0.36});
-            EXPECT_NEAR(turned.x, 400.5, 1e-4);
+            EXPECT_NEAR(view.pixelAt({x + 3.0, 0.36}).x, 400.5, 1e-4);
         }
     }
 }
@@ -92,15 +87,6 @@ TEST(Camera, zoomKeepsThePlaceUnderThePointer)
     }
 }
 
-TEST(Camera, panMovesTheGroundWithThePointer)
-{
-    const MapView view{.camera = {{0.0001, 0.36}, 12.0}, .width = 800.0, .height = 600.0};
-    MapView moved = view;
-    moved.camera = panned(view.camera, 350.0, -20.0); // across the antimeridian
-    EXPECT_GT(moved.camera.center.x, 0.99);
-    EXPECT_LT(gap(moved.placeAt({450.0, 80.0}), view.placeAt({100.0, 100.0})), 1e-12);
-}
-
 TEST(Camera, travelsTheShortWayAndArrives)
 {
     const Camera from{{0.98, 0.4}, 8.0};
@@ -108,7 +94,6 @@ TEST(Camera, travelsTheShortWayAndArrives)
     EXPECT_LT(gap(between(from, to, 0.5).center, {0.01, 0.5}), 1e-12);
     EXPECT_EQ(between(from, to, 0.0), from);
     EXPECT_EQ(between(from, to, 1.0), to);
-    EXPECT_EQ(between(from, {{0.1, 0.9}, 15.0}, 1.0), (Camera{{0.1, 0.9}, 15.0}));
 }
 
 TEST(Camera, framesTheWholeRectangle)
@@ -123,12 +108,9 @@ TEST(Camera, framesTheWholeRectangle)
             const ViewPoint topLeft = view.pixelAt({rect.left, rect.top});
             const ViewPoint bottomRight = view.pixelAt({rect.right, rect.bottom});
             const double padding = std::min(24.0, width / 4.0);
-            EXPECT_GE(topLeft.x, padding - 1e-6);
-            EXPECT_GE(topLeft.y, padding - 1e-6);
             EXPECT_LE(bottomRight.x, width - padding + 1e-6);
             EXPECT_LE(bottomRight.y, height - padding + 1e-6);
-            const double spare = std::min(topLeft.x - padding, topLeft.y - padding);
-            EXPECT_NEAR(spare, 0.0, 1e-6); // and is no further away than it must be
+            EXPECT_NEAR(std::min(topLeft.x, topLeft.y), padding, 1e-6); // no further away than it must be
         }
     }
 }

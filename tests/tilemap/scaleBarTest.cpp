@@ -44,12 +44,11 @@ TEST(ScaleBar, isTheLongestRoundLengthThatFits)
 
 TEST(ScaleBar, isEmptyWhereThereIsNoScale)
 {
-    for (const double bad : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(), 1.0 / 0.0}) {
+    for (const double bad : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
         EXPECT_EQ(scaleBar(bad, 100.0, LengthUnits::metric).text, "") << bad;
-        if (!(bad > 0.0)) {
-            EXPECT_EQ(scaleBar(1.0, bad, LengthUnits::imperial).text, "") << bad;
-        }
+        EXPECT_EQ(scaleBar(1.0, bad, LengthUnits::imperial).text, "") << bad;
     }
+    EXPECT_EQ(scaleBar(std::numeric_limits<double>::infinity(), 100.0, LengthUnits::metric).text, "");
 }
 
 } // namespace

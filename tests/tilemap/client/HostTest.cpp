@@ -10,11 +10,6 @@ using namespace std::chrono_literals;
 const WaitClock::time_point start{1000s};
 const Waits waits(1s);
 
-TileKey request(int x)
-{
-    return {0, {5, x, 0}};
-}
-
 int room(Host host)
 {
     int count = 0;
@@ -23,15 +18,12 @@ int room(Host host)
     return count;
 }
 
-TEST(Waits, grow)
+TEST(Waits, growUpToFiveMinutes)
 {
     EXPECT_EQ(waits.beforeTry(1), 1s);
     EXPECT_EQ(waits.beforeTry(2), 4s);
-    EXPECT_EQ(waits.silence(0), 30s);
-    EXPECT_EQ(waits.silence(1), 60s);
-    EXPECT_EQ(waits.silence(3), 240s);
-    EXPECT_EQ(waits.silence(4), 300s);
-    EXPECT_EQ(waits.silence(1'000'000), 300s);
+    for (const auto& [silences, wait] : {std::pair{0, 30s}, {1, 60s}, {3, 240s}, {4, 300s}, {1'000'000, 300s}})
+        EXPECT_EQ(waits.silence(silences), wait) << silences;
     EXPECT_EQ(waits.asked(86'400), 300s);
     EXPECT_EQ(waits.asked(-5), 0s);
 }
@@ -49,15 +41,16 @@ TEST(Host, takesMoreAtATimeOverHttp2)
 TEST(Host, isLeftAloneAfterThreeDifferentRefusals)
 {
     Host host;
-    host.refuse(request(1));
-    host.refuse(request(1)); // the same request, tried again
-    host.refuse(request(2));
+    const auto refuse = [&host](int x) { host.refuse({0, {5, x, 0}}); };
+    refuse(1);
+    refuse(1); // the same request, tried again
+    refuse(2);
     EXPECT_FALSE(host.isLeftAlone());
     host.succeed();
-    host.refuse(request(3));
-    host.refuse(request(4));
+    refuse(3);
+    refuse(4);
     EXPECT_FALSE(host.isLeftAlone());
-    host.refuse(request(5));
+    refuse(5);
     EXPECT_TRUE(host.isLeftAlone());
     host.succeed(); // one that was on its way
     EXPECT_TRUE(host.isLeftAlone());

@@ -39,27 +39,23 @@ TEST(MapSources, areReadWithTheirUsualValues)
 TEST(MapSources, loseTheEntriesThatAreBroken)
 {
     const std::string good = R"({"id": "good", "kind": "vector", "tileJson": "https://h/doc"})";
-    for (const std::string& broken :
-         {std::string("7"),
-          std::string("null"),
-          std::string("{}"),
-          std::string(R"({"id": "a", "kind": "imagery"})"),
-          std::string(R"({"id": "../a", "kind": "imagery", "address": "https://h/{z}/{x}/{y}"})"),
-          std::string(R"({"id": "a", "kind": "sound", "address": "https://h/{z}/{x}/{y}"})"),
-          std::string(R"({"id": "a", "kind": "imagery", "address": "http://h/{z}/{x}/{y}"})"),
-          std::string(R"({"id": "a", "kind": "imagery", "address": "https://h/{z}/{x}"})"),
-          least + R"(, "tileJson": "https://h/doc"})",
-          least + R"(, "nativeZoom": 2.5})",
-          least + R"(, "nativeZoom": 99})",
-          least + R"(, "lowestZoom": 15})",
-          least + R"(, "tileSize": 0})",
-          least + R"(, "leastBytes": -1})",
-          least + R"(, "bounds": []})",
-          least + R"(, "bounds": 3})",
-          least + R"(, "bounds": [[[8, 47], [8, 46]]]})",
-          least + R"(, "bounds": [[[8, 47], [8, 46], [9]]]})",
-          least + R"(, "bounds": [[[8, 47], [8, 46], [900, 1]]]})",
-          good}) { // the last: twice the same id
+    std::vector<std::string> entries{
+        "7",
+        "null",
+        "{}",
+        R"({"id": "a", "kind": "imagery"})",
+        R"({"id": "../a", "kind": "imagery", "address": "https://h/{z}/{x}/{y}"})",
+        R"({"id": "a", "kind": "sound", "address": "https://h/{z}/{x}/{y}"})",
+        R"({"id": "a", "kind": "imagery", "address": "http://h/{z}/{x}/{y}"})",
+        R"({"id": "a", "kind": "imagery", "address": "https://h/{z}/{x}"})",
+        good, // twice the same id
+    };
+    for (const char* rest : {R"("tileJson": "https://h/doc")", R"("nativeZoom": 2.5)", R"("nativeZoom": 99)",
+                             R"("lowestZoom": 15)", R"("tileSize": 0)", R"("leastBytes": -1)", R"("bounds": [])",
+                             R"("bounds": 3)", R"("bounds": [[[8, 47], [8, 46]]])",
+                             R"("bounds": [[[8, 47], [8, 46], [9]]])", R"("bounds": [[[8, 47], [8, 46], [900, 1]]])"})
+        entries.push_back(least + ", " + rest + "}");
+    for (const std::string& broken : entries) {
         const auto sources = parseMapSources(listOf(good + "," + broken));
         ASSERT_TRUE(sources) << broken;
         EXPECT_EQ(sources->size(), 1U) << broken;

@@ -1,30 +1,6 @@
 #include "tests/tilemap/client/StoreBed.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-
 namespace ospra {
-
-bool waitUntil(const std::function<bool()>& condition)
-{
-    constexpr qint64 waitAtMost = 10'000; // ms
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.elapsed() > waitAtMost)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
-    return true;
-}
-
-void waitFor(std::chrono::milliseconds time)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < time.count())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-}
 
 StoreBed::StoreBed()
 {
@@ -50,6 +26,25 @@ TileState StoreBed::fetch(const TileKey& key)
     m_store->want({key});
     (void)waitUntil([&] { return m_store->state(key) != TileState::unknown; });
     return m_store->state(key);
+}
+
+TileState StoreBed::fetchAnew(const TileKey& key)
+{
+    start();
+    return fetch(key);
+}
+
+bool StoreBed::becomes(TileState state, const TileKey& key)
+{
+    return waitUntil([&] { return m_store->state(key) == state; });
+}
+
+std::vector<TileKey> tilesFrom(int first, int count)
+{
+    std::vector<TileKey> tiles;
+    for (int x = first; x < first + count; ++x)
+        tiles.push_back(tileAt(x));
+    return tiles;
 }
 
 std::string pathOf(const TileKey& key)

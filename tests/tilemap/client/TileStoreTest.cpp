@@ -3,7 +3,6 @@
 
 #include <QElapsedTimer>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,20 +11,20 @@ namespace ospra {
 namespace {
 
 using Kind = ServerManner::Kind;
+using TileStoreTest = StoreTest;
+using namespace std::chrono_literals;
 
-TEST(TileStore, bringsWhatTheViewWants)
+TEST_F(TileStoreTest, bringsWhatTheViewWants)
 {
-    StoreBed bed;
-    TileStore& store = bed.start();
+    start();
     int signalCount = 0;
-    QObject::connect(&store, &TileStore::tilesChanged, [&] { ++signalCount; });
-    EXPECT_EQ(store.state(tileAt(2100)), TileState::unknown);
-    EXPECT_EQ(store.tile(tileAt(2100)), nullptr);
+    QObject::connect(&store(), &TileStore::tilesChanged, [&] { ++signalCount; });
+    EXPECT_EQ(store().state(tileAt(2100)), TileState::unknown);
+    EXPECT_EQ(store().tile(tileAt(2100)), nullptr);
 
-    ASSERT_EQ(bed.fetch(tileAt(2100)), TileState::ready);
+    ASSERT_EQ(fetch(tileAt(2100)), TileState::ready);
     EXPECT_EQ(signalCount, 1);
-    const QImage picture = store.tile(tileAt(2100))->picture;
-    EXPECT_EQ(picture.format(), QImage::Format_RGB32);
+    const QImage picture = store().tile(tileAt(2100))->picture;
     ASSERT_EQ(picture.size(), QSize(256, 256));
     const QImage painted = paintAerial(tileAt(2100).tile, {});
     int far = 0; // pixels that JPEG cannot have made of the painted ones
@@ -34,232 +33,182 @@ TEST(TileStore, bringsWhatTheViewWants)
     EXPECT_LT(far, 10);
 }
 
-TEST(TileStore, knowsWithoutAskingWhatNoSourceHas)
+TEST_F(TileStoreTest, knowsWithoutAskingWhatNoSourceHas)
 {
-    StoreBed bed;
-    MapSource source = bed.imagery();
+    MapSource source = imagery();
     source.lowestZoom = 10;
     source.nativeZoom = 14;
-    TileStore& store = bed.start({source});
+    start({source});
     const std::vector<TileKey> none{{0, {9, 1, 1}},  {0, {15, 1, 1}},  {0, {12, 4096, 1}}, {0, {12, 1, -1}},
                                     {1, {12, 1, 1}}, {-1, {12, 1, 1}}, {0, {-1, 0, 0}}};
     for (const TileKey& key : none)
-        EXPECT_EQ(store.state(key), TileState::missing) << key.tile.zoom;
-    store.want(none);
-    EXPECT_EQ(bed.fetch({0, {14, 1, 1}}), TileState::ready);
-    EXPECT_EQ(bed.server.count(), 1);
+        EXPECT_EQ(store().state(key), TileState::missing) << key.tile.zoom;
+    store().want(none);
+    EXPECT_EQ(fetch({0, {14, 1, 1}}), TileState::ready);
+    EXPECT_EQ(server.count(), 1);
 }
 
-TEST(TileStore, asksOnlyOverTlsButOnThisMachine)
+TEST_F(TileStoreTest, saysWhoItIsAndNothingElse)
 {
-    StoreBed bed;
-    MapSource plain = bed.imagery();
-    plain.address = "http://192.0.2.1/{z}/{x}/{y}"; // for documents only: nobody is there
-    bed.options.waitUnit = std::chrono::milliseconds(1000);
-    bed.start({plain});
-    QElapsedTimer timer;
-    timer.start();
-    EXPECT_EQ(bed.fetch(tileAt(1)), TileState::missing);
-    EXPECT_LT(timer.elapsed(), 500); // no request was tried
-}
-
-TEST(TileStore, saysWhoItIsAndNothingElse)
-{
-    StoreBed bed;
-    bed.server.behave({.headers = "Set-Cookie: id=7\r\nCache-Control: max-age=60\r\n"});
-    bed.start();
-    ASSERT_EQ(bed.fetch(tileAt(1)), TileState::ready);
-    ASSERT_EQ(bed.fetch(tileAt(2)), TileState::ready);
-    for (const ServerRequest& request : bed.server.requests()) {
+    server.behave({.headers = "Set-Cookie: id=7\r\nCache-Control: max-age=60\r\n"});
+    ASSERT_EQ(fetchAnew(tileAt(1)), TileState::ready);
+    ASSERT_EQ(fetch(tileAt(2)), TileState::ready);
+    for (const ServerRequest& request : server.requests()) {
         EXPECT_EQ(request.headers.at("user-agent"), "Ospra-Test/1.0");
         for (const char* name : {"cookie", "cache-control", "pragma", "referer", "upgrade", "if-none-match"})
             EXPECT_FALSE(request.headers.contains(name)) << name;
     }
 }
 
-TEST(TileStore, asksFewAtATime)
+TEST_F(TileStoreTest, asksFewAtATimeAndDropsWhatTheViewLeaves)
 {
-    StoreBed bed;
-    bed.server.behave({.delay = std::chrono::milliseconds(10)});
-    TileStore& store = bed.start();
-    std::vector<TileKey> tiles;
-    for (int x = 0; x < 24; ++x)
-        tiles.push_back(tileAt(x));
-    store.want(tiles);
-    ASSERT_TRUE(waitUntil([&] {
-        return std::ranges::all_of(tiles, [&](const TileKey& key) { return store.state(key) == TileState::ready; });
-    }));
-    EXPECT_EQ(bed.server.count(), 24);
-    EXPECT_EQ(bed.server.mostConnections(), 4);
-}
+    server.behave({.delay = 300ms});
+    start().want(tilesFrom(0, 20));
+    ASSERT_TRUE(waitUntil([&] { return server.count() == 4; }));
 
-TEST(TileStore, dropsWhatTheViewLeaves)
-{
-    StoreBed bed;
-    bed.server.behave({.delay = std::chrono::milliseconds(300)});
-    TileStore& store = bed.start();
-    std::vector<TileKey> old;
-    for (int x = 0; x < 20; ++x)
-        old.push_back(tileAt(x));
-    store.want(old);
-    ASSERT_TRUE(waitUntil([&] { return bed.server.count() == 4; }));
-
-    store.want({tileAt(50), tileAt(51)}); // none of those that are on their way
-    ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(51)) == TileState::ready; }));
-    waitFor(std::chrono::milliseconds(50));
-    EXPECT_EQ(bed.server.count(), 6);
-    EXPECT_EQ(store.state(tileAt(0)), TileState::unknown);
-    const std::vector<ServerRequest> requests = bed.server.requests();
+    store().want({tileAt(50), tileAt(51)}); // none of those that are on their way
+    ASSERT_TRUE(becomes(TileState::ready, tileAt(51)));
+    QTest::qWait(50);
+    EXPECT_EQ(store().state(tileAt(0)), TileState::unknown);
+    const std::vector<ServerRequest> requests = server.requests();
+    ASSERT_EQ(requests.size(), 6U);
     EXPECT_EQ(requests[4].path, pathOf(tileAt(50)));
     EXPECT_EQ(requests[5].path, pathOf(tileAt(51)));
 }
 
-TEST(TileStore, keepsTheLastUsedWithinItsMemory)
+TEST_F(TileStoreTest, keepsTheLastUsedWithinItsMemory)
 {
-    StoreBed bed;
-    bed.options.cacheFolder.clear();                      // so that the server sees each fetch
-    bed.options.memoryLimit = 3 * (256 * 256 * 4 + 1000); // three tiles
-    TileStore& store = bed.start();
+    options.cacheFolder.clear();                      // so that the server sees each fetch
+    options.memoryLimit = 3 * (256 * 256 * 4 + 1000); // three tiles
+    TileStore& store = start();
     for (const int x : {1, 2, 3})
-        ASSERT_EQ(bed.fetch(tileAt(x)), TileState::ready);
+        ASSERT_EQ(fetch(tileAt(x)), TileState::ready);
     EXPECT_TRUE(store.tile(tileAt(1))); // used after 2
-    ASSERT_EQ(bed.fetch(tileAt(4)), TileState::ready);
+    ASSERT_EQ(fetch(tileAt(4)), TileState::ready);
     EXPECT_EQ(store.state(tileAt(1)), TileState::ready);
     EXPECT_EQ(store.state(tileAt(2)), TileState::unknown);
     EXPECT_EQ(store.state(tileAt(3)), TileState::ready);
 
     // All that is wanted is too much: the least important goes without, and is not fetched over and over.
-    const std::vector<TileKey> many{tileAt(11), tileAt(12), tileAt(13), tileAt(14), tileAt(15)};
+    const std::vector<TileKey> many = tilesFrom(11, 5);
     QObject::connect(&store, &TileStore::tilesChanged, [&] { store.want(many); });
     store.want(many);
-    ASSERT_TRUE(waitUntil([&] { return bed.server.count() == 9; }));
-    waitFor(std::chrono::milliseconds(150));
-    EXPECT_EQ(bed.server.count(), 9);
+    ASSERT_TRUE(waitUntil([&] { return server.count() == 9; }));
+    QTest::qWait(150);
+    EXPECT_EQ(server.count(), 9);
     for (const int x : {11, 12, 13})
         EXPECT_EQ(store.state(tileAt(x)), TileState::ready) << x;
     EXPECT_EQ(store.state(tileAt(15)), TileState::unknown);
 
     store.disconnect();
-    store.want({tileAt(15)}); // now there is room
-    EXPECT_TRUE(waitUntil([&] { return store.state(tileAt(15)) == TileState::ready; }));
+    EXPECT_EQ(fetch(tileAt(15)), TileState::ready); // now there is room
 }
 
-TEST(TileStore, readsVectorTilesWithWhatItIsGiven)
+TEST_F(TileStoreTest, readsVectorTilesWithWhatItIsGiven)
 {
-    StoreBed bed;
-    MapSource roads = bed.imagery();
+    MapSource roads = imagery();
     roads.kind = MapSourceKind::vector;
-    roads.address = bed.server.address() + "/roads/{z}-{x}-{y}";
-    bed.server.put("/roads/12-1-1400", "seven");
-    bed.server.put("/roads/12-2-1400", "rubbish");
-    bed.options.decodeVector = [](std::string_view bytes) {
+    server.put(pathOf(tileAt(1)), "seven");
+    server.put(pathOf(tileAt(2)), "rubbish");
+    options.decodeVector = [](std::string_view bytes) {
         const auto tile = std::make_shared<VectorTile>();
         tile->roads.resize(bytes.size());
         return bytes == "seven" ? tile : nullptr;
     };
-    bed.start({roads});
-    ASSERT_EQ(bed.fetch(tileAt(1)), TileState::ready);
-    EXPECT_EQ(bed.store().tile(tileAt(1))->features->roads.size(), 5U);
-    EXPECT_TRUE(bed.store().tile(tileAt(1))->picture.isNull());
-    EXPECT_EQ(bed.fetch(tileAt(2)), TileState::missing);
+    start({roads});
+    ASSERT_EQ(fetch(tileAt(1)), TileState::ready);
+    EXPECT_EQ(store().tile(tileAt(1))->features->roads.size(), 5U);
+    EXPECT_TRUE(store().tile(tileAt(1))->picture.isNull());
+    EXPECT_EQ(fetch(tileAt(2)), TileState::missing);
 }
 
-class TileDocuments : public testing::Test {
+TEST_F(TileStoreTest, endsAtOnceWhateverIsOnItsWay)
+{
+    options.waitUnit = 1000ms;
+    for (const Kind kind : {Kind::serve, Kind::silence, Kind::endless, Kind::drip}) {
+        for (const int pause : {0, 1, 5, 30}) {
+            server.behave({.kind = kind, .delay = kind == Kind::serve ? 0ms : 10ms});
+            start().want(tilesFrom(100 * pause, 40));
+            QTest::qWait(pause);
+            QElapsedTimer timer;
+            timer.start();
+            stop();
+            EXPECT_LT(timer.elapsed(), 1000);
+        }
+    }
+}
+
+TEST_F(TileStoreTest, mayEndWhileItTellsOfAChange)
+{
+    bool isEnded = false;
+    QObject::connect(&start(), &TileStore::tilesChanged, [&] {
+        stop();
+        isEnded = true;
+    });
+    store().want(tilesFrom(1, 3));
+    EXPECT_TRUE(waitUntil([&] { return isEnded; }));
+}
+
+/// A source whose document tells the address of its tiles.
+class TileDocuments : public StoreTest {
 protected:
     TileDocuments()
     {
         m_source.address.clear();
-        m_source.tileJson = m_bed.server.address() + "/source";
+        m_source.tileJson = server.address() + "/source";
     }
 
     void put(const std::string& rest)
     {
-        const std::string address = m_bed.server.address() + "/imagery/{z}/{x}/{y}.jpg";
-        m_bed.server.put("/source", QByteArray::fromStdString("{\"tiles\": [\"" + address + "\"]" + rest + "}"));
+        server.put("/source", QByteArray::fromStdString("{\"tiles\": [\"" + imagery().address + "\"]" + rest + "}"));
     }
 
-    StoreBed m_bed;
-    MapSource m_source = m_bed.imagery();
+    MapSource m_source = imagery();
 };
 
 TEST_F(TileDocuments, tellTheAddressOnce)
 {
     put(R"(, "minzoom": 10, "maxzoom": 12)");
-    TileStore& store = m_bed.start({m_source});
-    store.want({tileAt(1), tileAt(2)});
-    ASSERT_TRUE(waitUntil(
-        [&] { return store.state(tileAt(1)) == TileState::ready && store.state(tileAt(2)) == TileState::ready; }));
-    EXPECT_EQ(m_bed.fetch({0, {13, 1, 1}}), TileState::missing);
-    EXPECT_EQ(m_bed.fetch({0, {9, 1, 1}}), TileState::missing);
-    EXPECT_EQ(m_bed.server.count("/source"), 1);
-    EXPECT_EQ(m_bed.server.count("/imagery"), 2);
+    start({m_source}).want({tileAt(1), tileAt(2)});
+    ASSERT_TRUE(becomes(TileState::ready, tileAt(1)) && becomes(TileState::ready, tileAt(2)));
+    EXPECT_EQ(fetch({0, {13, 1, 1}}), TileState::missing);
+    EXPECT_EQ(fetch({0, {9, 1, 1}}), TileState::missing);
+    EXPECT_EQ(server.count("/source"), 1);
+    EXPECT_EQ(server.count("/imagery"), 2);
 
-    m_bed.start({m_source}); // it is kept as tiles are
-    ASSERT_EQ(m_bed.fetch(tileAt(3)), TileState::ready);
-    EXPECT_EQ(m_bed.server.count("/source"), 1);
-    m_bed.server.vanish();
-    m_bed.start({m_source});
-    EXPECT_EQ(m_bed.fetch(tileAt(3)), TileState::ready);
+    start({m_source}); // it is kept as tiles are
+    ASSERT_EQ(fetch(tileAt(3)), TileState::ready);
+    EXPECT_EQ(server.count("/source"), 1);
+    server.vanish();
+    start({m_source});
+    EXPECT_EQ(fetch(tileAt(3)), TileState::ready);
 }
 
 TEST_F(TileDocuments, thatAreNoneEndTheirSource)
 {
     for (const char* text : {"", "[]", R"({"tiles": []})", R"({"tiles": ["http://192.0.2.1/{z}/{x}/{y}"]})",
                              R"({"tiles": ["https://example.com/{z}/{x}"]})"}) {
-        m_bed.server.put("/source", text);
-        const int asked = m_bed.server.count();
-        m_bed.start({m_source});
-        EXPECT_EQ(m_bed.fetch(tileAt(1)), TileState::missing) << text;
-        EXPECT_EQ(m_bed.fetch(tileAt(2)), TileState::missing) << text;
-        EXPECT_EQ(m_bed.server.count(), asked + 1) << text;
+        server.put("/source", text);
+        const int asked = server.count();
+        start({m_source});
+        EXPECT_EQ(fetch(tileAt(1)), TileState::missing) << text;
+        EXPECT_EQ(fetch(tileAt(2)), TileState::missing) << text;
+        EXPECT_EQ(server.count(), asked + 1) << text;
     }
     put(std::string(300'000, ' ')); // longer than any
-    m_bed.start({m_source});
-    EXPECT_EQ(m_bed.fetch(tileAt(1)), TileState::missing);
+    start({m_source});
+    EXPECT_EQ(fetch(tileAt(1)), TileState::missing);
 }
 
 TEST_F(TileDocuments, areAskedForAgainWhenTheNetworkIsBack)
 {
     put("");
-    m_bed.options.waitUnit = std::chrono::milliseconds(10);
-    m_bed.server.vanish();
-    m_bed.start({m_source});
-    ASSERT_EQ(m_bed.fetch(tileAt(1)), TileState::missing);
-    m_bed.server.comeBack();
-    EXPECT_TRUE(waitUntil([&] { return m_bed.store().state(tileAt(1)) == TileState::ready; }));
-}
-
-TEST(TileStore, endsAtOnceWhateverIsOnItsWay)
-{
-    StoreBed bed;
-    bed.options.waitUnit = std::chrono::milliseconds(1000);
-    for (const Kind kind : {Kind::serve, Kind::silence, Kind::endless, Kind::drip}) {
-        for (const int pause : {0, 1, 5, 30}) {
-            bed.server.behave({.kind = kind, .delay = std::chrono::milliseconds(kind == Kind::serve ? 0 : 10)});
-            TileStore& store = bed.start();
-            std::vector<TileKey> tiles;
-            for (int x = 0; x < 40; ++x)
-                tiles.push_back(tileAt(x + 100 * pause));
-            store.want(tiles);
-            waitFor(std::chrono::milliseconds(pause));
-            QElapsedTimer timer;
-            timer.start();
-            bed.stop();
-            EXPECT_LT(timer.elapsed(), 1000);
-        }
-    }
-}
-
-TEST(TileStore, mayEndWhileItTellsOfAChange)
-{
-    StoreBed bed;
-    bool isEnded = false;
-    QObject::connect(&bed.start(), &TileStore::tilesChanged, [&] {
-        bed.stop();
-        isEnded = true;
-    });
-    bed.store().want({tileAt(1), tileAt(2), tileAt(3)});
-    EXPECT_TRUE(waitUntil([&] { return isEnded; }));
+    options.waitUnit = 10ms;
+    server.vanish();
+    start({m_source});
+    ASSERT_EQ(fetch(tileAt(1)), TileState::missing);
+    server.comeBack();
+    EXPECT_TRUE(becomes(TileState::ready, tileAt(1)));
 }
 
 } // namespace

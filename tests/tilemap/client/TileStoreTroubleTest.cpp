@@ -2,205 +2,167 @@
 
 #include <QElapsedTimer>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace ospra {
 namespace {
 
 using Kind = ServerManner::Kind;
+using TileTrouble = StoreTest;
+using namespace std::chrono_literals;
 
 /// Wants a tile again and again, as a view does that pans to and fro.
 void wantAgain(StoreBed& bed, const TileKey& key)
 {
     for (int i = 0; i < 3; ++i) {
         bed.store().want({});
-        waitFor(std::chrono::milliseconds(10));
+        QTest::qWait(10);
         bed.store().want({key});
-        waitFor(std::chrono::milliseconds(10));
+        QTest::qWait(10);
     }
 }
 
-TEST(TileTrouble, aSourceThatHasNoPictureIsAskedOnce)
+TEST(TileAnswer, thatIsNoPictureIsAskedForOnce)
 {
     struct Row {
         const char* name;
         ServerManner manner;
     };
-    const std::vector<Row> rows{
-        {"html", {.kind = Kind::html}},
-        {"svg", {.kind = Kind::svg}},
-        {"truncated", {.kind = Kind::truncated}},
-        {"empty", {.kind = Kind::empty}},
-        {"huge", {.kind = Kind::hugePicture}},
-        {"endless", {.kind = Kind::endless}},
-        {"204", {.kind = Kind::status, .status = 204}},
-        {"400", {.kind = Kind::status, .status = 400}},
-        {"404", {.kind = Kind::status, .status = 404}},
-        {"410", {.kind = Kind::status, .status = 410}},
-        {"403", {.kind = Kind::status, .status = 403}},
-        {"304 to a plain request", {.kind = Kind::status, .status = 304}},
-    };
-    for (const auto& [name, manner] : rows) {
+    for (const auto& [name, manner] : {
+             Row{"html", {.kind = Kind::html}},
+             Row{"svg", {.kind = Kind::svg}},
+             Row{"truncated", {.kind = Kind::truncated}},
+             Row{"empty", {.kind = Kind::empty}},
+             Row{"huge", {.kind = Kind::hugePicture}},
+             Row{"endless", {.kind = Kind::endless}},
+             Row{"204", {.kind = Kind::status, .status = 204}},
+             Row{"400", {.kind = Kind::status, .status = 400}},
+             Row{"404", {.kind = Kind::status, .status = 404}},
+             Row{"410", {.kind = Kind::status, .status = 410}},
+             Row{"403", {.kind = Kind::status, .status = 403}},
+             Row{"304 to a plain request", {.kind = Kind::status, .status = 304}},
+         }) {
         SCOPED_TRACE(name);
         StoreBed bed;
-        bed.options.waitUnit = std::chrono::milliseconds(1000); // so that no time limit is what ends it
+        bed.options.waitUnit = 1000ms; // so that no time limit is what ends it
         bed.server.behave(manner);
-        bed.start();
-        EXPECT_EQ(bed.fetch(tileAt(1)), TileState::missing);
+        EXPECT_EQ(bed.fetchAnew(tileAt(1)), TileState::missing);
         wantAgain(bed, tileAt(1));
         EXPECT_EQ(bed.server.count(), 1);
         bed.server.behave({});
-        EXPECT_EQ(bed.fetch(tileAt(2)), TileState::ready); // the source goes on
-        bed.start();
-        EXPECT_EQ(bed.fetch(tileAt(1)), TileState::ready); // nothing of it was kept
+        EXPECT_EQ(bed.fetch(tileAt(2)), TileState::ready);     // the source goes on
+        EXPECT_EQ(bed.fetchAnew(tileAt(1)), TileState::ready); // nothing of it was kept
     }
 }
 
-TEST(TileTrouble, aPictureThatIsTooSmallSaysThatThereIsNone)
-{
-    StoreBed bed;
-    MapSource source = bed.imagery();
-    source.leastBytes = 1'000'000;
-    bed.start({source});
-    EXPECT_EQ(bed.fetch(tileAt(1)), TileState::missing);
-}
-
-TEST(TileTrouble, redirectsStayOnTheirServer)
-{
-    StoreBed bed;
-    TileServer other;
-    const QByteArray path = QByteArray::fromStdString(pathOf(tileAt(9)));
-    for (const QByteArray& target :
-         {QByteArray::fromStdString(other.address()) + path, QByteArray("ftp://127.0.0.1/x"),
-          QByteArray("file:///etc/hostname"), QByteArray::fromStdString(pathOf(tileAt(1)))}) { // the last goes round
-        bed.server.behave({.kind = Kind::redirect, .target = target}, pathOf(tileAt(1)));
-        bed.start();
-        EXPECT_EQ(bed.fetch(tileAt(1)), TileState::missing) << target.toStdString();
-    }
-    EXPECT_EQ(other.count(), 0);
-    bed.server.behave({.kind = Kind::redirect, .target = path}, pathOf(tileAt(1)));
-    bed.start();
-    EXPECT_EQ(bed.fetch(tileAt(1)), TileState::ready);
-}
-
-TEST(TileTrouble, aFailingServerIsTriedThrice)
+TEST(TileAnswer, thatTheServerIsFailingIsAskedForThrice)
 {
     for (const int status : {500, 503, 429}) {
         SCOPED_TRACE(status);
         StoreBed bed;
-        bed.options.waitUnit = std::chrono::milliseconds(10);
+        bed.options.waitUnit = 10ms;
         bed.server.behave({.kind = Kind::status, .status = status});
-        bed.start();
-        EXPECT_EQ(bed.fetch(tileAt(1)), TileState::missing);
-        waitFor(std::chrono::milliseconds(100));
+        EXPECT_EQ(bed.fetchAnew(tileAt(1)), TileState::missing);
+        QTest::qWait(100);
         wantAgain(bed, tileAt(1));
         EXPECT_EQ(bed.server.count(), 3);
     }
 }
 
-TEST(TileTrouble, aBusyServerIsWaitedFor)
+TEST_F(TileTrouble, aPictureThatIsTooSmallSaysThatThereIsNone)
 {
-    StoreBed bed; // a second is 50 ms
-    bed.server.behave({.kind = Kind::status, .status = 503, .headers = "Retry-After: 8\r\n", .times = 1});
-    TileStore& store = bed.start();
+    MapSource source = imagery();
+    source.leastBytes = 1'000'000;
+    start({source});
+    EXPECT_EQ(fetch(tileAt(1)), TileState::missing);
+}
+
+TEST_F(TileTrouble, redirectsStayOnTheirServer)
+{
+    const TileServer other;
+    const std::string path = pathOf(tileAt(9));
+    for (const std::string& target : {other.address() + path, std::string("ftp://127.0.0.1/x"),
+                                      std::string("file:///etc/hostname"), pathOf(tileAt(1))}) { // the last goes round
+        server.behave({.kind = Kind::redirect, .target = QByteArray::fromStdString(target)}, pathOf(tileAt(1)));
+        EXPECT_EQ(fetchAnew(tileAt(1)), TileState::missing) << target;
+    }
+    EXPECT_EQ(other.count(), 0);
+    server.behave({.kind = Kind::redirect, .target = QByteArray::fromStdString(path)}, pathOf(tileAt(1)));
+    EXPECT_EQ(fetchAnew(tileAt(1)), TileState::ready);
+}
+
+TEST_F(TileTrouble, aBusyServerIsWaitedFor)
+{
+    server.behave({.kind = Kind::status, .status = 503, .headers = "Retry-After: 8\r\n", .times = 1}); // of 50 ms
     QElapsedTimer timer;
     timer.start();
-    store.want({tileAt(1)});
-    ASSERT_TRUE(waitUntil([&] { return bed.server.count() == 1; }));
-    waitFor(std::chrono::milliseconds(100));
-    store.want({tileAt(1), tileAt(2)}); // the other tile waits too
-    waitFor(std::chrono::milliseconds(100));
-    EXPECT_EQ(bed.server.count(), 1);
-    EXPECT_EQ(store.state(tileAt(1)), TileState::unknown);
-    ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(1)) == TileState::ready; }));
+    start().want({tileAt(1)});
+    ASSERT_TRUE(waitUntil([&] { return server.count() == 1; }));
+    QTest::qWait(100);
+    store().want({tileAt(1), tileAt(2)}); // the other tile waits too
+    QTest::qWait(100);
+    EXPECT_EQ(server.count(), 1);
+    EXPECT_EQ(store().state(tileAt(1)), TileState::unknown);
+    ASSERT_TRUE(becomes(TileState::ready, tileAt(1)));
     EXPECT_GE(timer.elapsed(), 400);
-    EXPECT_TRUE(waitUntil([&] { return store.state(tileAt(2)) == TileState::ready; }));
+    EXPECT_TRUE(becomes(TileState::ready, tileAt(2)));
 }
 
-TEST(TileTrouble, aHostThatRefusesThriceIsLeftAlone)
+TEST_F(TileTrouble, aHostThatRefusesThriceIsLeftAlone)
 {
-    StoreBed bed;
-    const ServerManner refusal{.kind = Kind::status, .status = 403};
     for (const int x : {1, 2, 4, 5, 6, 7, 8})
-        bed.server.behave(refusal, pathOf(tileAt(x)));
-    bed.start();
+        server.behave({.kind = Kind::status, .status = 403}, pathOf(tileAt(x)));
+    start();
     for (const int x : {1, 2})
-        EXPECT_EQ(bed.fetch(tileAt(x)), TileState::missing);
-    EXPECT_EQ(bed.fetch(tileAt(3)), TileState::ready); // a success between
+        EXPECT_EQ(fetch(tileAt(x)), TileState::missing);
+    EXPECT_EQ(fetch(tileAt(3)), TileState::ready); // a success between
     for (const int x : {4, 5, 6, 7, 8, 9, 10})
-        EXPECT_EQ(bed.fetch(tileAt(x)), TileState::missing) << x;
-    EXPECT_EQ(bed.server.count(), 6); // 1 to 6
-    bed.stop();
-    bed.start();
-    EXPECT_EQ(bed.fetch(tileAt(10)), TileState::ready); // in another run
+        EXPECT_EQ(fetch(tileAt(x)), TileState::missing) << x;
+    EXPECT_EQ(server.count(), 6);                       // 1 to 6
+    EXPECT_EQ(fetchAnew(tileAt(10)), TileState::ready); // in another run
 }
 
-TEST(TileTrouble, refusedConnectionsEndTheHostToo)
+TEST_F(TileTrouble, refusedConnectionsEndTheHostToo)
 {
-    StoreBed bed;
-    bed.options.waitUnit = std::chrono::milliseconds(5);
-    bed.server.vanish();
-    TileStore& store = bed.start();
-    store.want({tileAt(1), tileAt(2), tileAt(3)});
-    ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(3)) == TileState::missing; }));
-    bed.server.comeBack();
-    waitFor(std::chrono::milliseconds(500)); // thrice the first silence
-    EXPECT_EQ(bed.server.count(), 0);
+    options.waitUnit = 5ms;
+    server.vanish();
+    start().want(tilesFrom(1, 3));
+    ASSERT_TRUE(becomes(TileState::missing, tileAt(3)));
+    server.comeBack();
+    QTest::qWait(500); // thrice the first silence
+    EXPECT_EQ(server.count(), 0);
 }
 
-TEST(TileTrouble, aServerThatHangsIsLeftAndTriedAgainGently)
+TEST(TileServerThatHangs, isLeftAndTriedAgainGently)
 {
     for (const Kind kind : {Kind::silence, Kind::drip, Kind::brokenOff, Kind::reset}) {
         SCOPED_TRACE(static_cast<int>(kind));
         StoreBed bed;
-        bed.options.waitUnit = std::chrono::milliseconds(10); // 300 ms without a byte, 600 ms in all
-        bed.server.behave({.kind = kind, .delay = std::chrono::milliseconds(20)});
-        TileStore& store = bed.start();
-        store.want({tileAt(1)});
-        ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(1)) == TileState::missing; }));
-        EXPECT_GE(bed.server.count(), 3);
+        bed.options.waitUnit = 10ms; // 300 ms without a byte, 600 ms in all
+        bed.server.behave({.kind = kind, .delay = 20ms});
+        bed.start().want({tileAt(1)});
+        ASSERT_TRUE(bed.becomes(TileState::missing, tileAt(1)));
         const int asked = bed.server.count();
-        store.want({tileAt(1), tileAt(2), tileAt(3), tileAt(4), tileAt(5)}); // missing at once: nobody is there
-        ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(5)) == TileState::missing; }));
+        EXPECT_GE(asked, 3);
+        bed.store().want(tilesFrom(1, 5)); // missing at once: nobody is there
+        ASSERT_TRUE(bed.becomes(TileState::missing, tileAt(5)));
         EXPECT_EQ(bed.server.count(), asked);
         bed.server.behave({});
-        for (const int x : {1, 2, 3, 4, 5}) // without being wanted anew
-            ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(x)) == TileState::ready; })) << x;
+        for (const TileKey& key : tilesFrom(1, 5)) // without being wanted anew
+            ASSERT_TRUE(bed.becomes(TileState::ready, key)) << key.tile.x;
     }
 }
 
-TEST(TileTrouble, aServerThatSaysNothingIsNotWaitedForAsLongAsOneThatSpeaks)
+TEST_F(TileTrouble, aServerThatSaysNothingIsNotWaitedForAsLongAsOneThatSpeaks)
 {
-    StoreBed bed;
-    bed.options.waitUnit = std::chrono::milliseconds(20); // 600 ms without a byte, 1200 ms in all
-    bed.server.behave({.kind = Kind::silence});
+    options.waitUnit = 20ms; // 600 ms without a byte, 1200 ms in all
+    server.behave({.kind = Kind::silence});
     QElapsedTimer timer;
     timer.start();
-    bed.start().want({tileAt(1)});
-    ASSERT_TRUE(waitUntil([&] { return bed.server.count() == 2; }));
+    start().want({tileAt(1)});
+    ASSERT_TRUE(waitUntil([&] { return server.count() == 2; }));
     EXPECT_GE(timer.elapsed(), 570); // the toolkit's timers may be a twentieth early
     EXPECT_LT(timer.elapsed(), 1200);
-}
-
-TEST(TileTrouble, aHostThatIsAwayIsTriedByOneRequestAtATime)
-{
-    StoreBed bed;
-    bed.options.waitUnit = std::chrono::milliseconds(4);
-    bed.server.behave({.kind = Kind::silence});
-    TileStore& store = bed.start();
-    store.want({tileAt(1)});
-    ASSERT_TRUE(waitUntil([&] { return store.state(tileAt(1)) == TileState::missing; }));
-    store.want({tileAt(1), tileAt(2), tileAt(3), tileAt(4)});
-    const int asked = bed.server.count();
-    waitFor(std::chrono::milliseconds(900)); // silences of 120, 240 and 480 ms, and 120 ms for each request
-    EXPECT_GT(bed.server.count(), asked);
-    EXPECT_LE(bed.server.count(), asked + 3);
-    store.want({});
-    waitFor(std::chrono::milliseconds(200)); // what was on its way ends
-    const int last = bed.server.count();
-    waitFor(std::chrono::milliseconds(1300));
-    EXPECT_EQ(bed.server.count(), last); // nothing is wanted, nothing is asked
 }
 
 } // namespace

@@ -65,6 +65,7 @@ TEST(Addresses, nameEachTile)
 {
     EXPECT_EQ(tileAddress("https://h/{z}/{y}/{x}.jpg?q={z}", {14, 8529, 5975}).value().toEncoded(),
               "https://h/14/5975/8529.jpg?q=14");
+    EXPECT_FALSE(tileAddress("http://192.0.2.1/{z}/{y}/{x}", {14, 8529, 5975}));
     EXPECT_TRUE(isTileTemplate("https://h/{z}/{y}/{x}"));
     EXPECT_FALSE(isTileTemplate("https://h/{z}/{y}"));
     EXPECT_FALSE(isTileTemplate("http://h/{z}/{y}/{x}"));

@@ -50,6 +50,13 @@ void MapBed::pass(int milliseconds) const
     QTest::qWait(milliseconds);
 }
 
+void MapBed::showLevelPath()
+{
+    m_map->setContent(levelContent());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_map->pathRasterCount() > 0; }));
+    settle();
+}
+
 void MapBed::settle()
 {
     pass(30);

@@ -4,6 +4,7 @@
 #include "tilemap/item/TileMap.h"
 
 #include <QImage>
+#include <QLineF>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -27,6 +28,8 @@ protected:
     /// A level path of 0.02 degrees round 47 north, 8 east.
     static MapContent levelContent() { return {.paths = {redPath("level", {{47.0, 7.99}, {47.0, 8.01}})}}; }
 
+    /// Shows the level path, and waits until it is drawn and the camera rests on it.
+    void showLevelPath();
     /// Lets the window draw until the camera rests and its picture is there.
     void settle();
     /// Lets the window draw for a moment.
@@ -35,6 +38,11 @@ protected:
 
     /// Where a coordinate lies on the map.
     [[nodiscard]] QPointF pixelAt(Coordinate coordinate) const;
+    /// How far it lies from a pixel of the map.
+    [[nodiscard]] double distance(Coordinate coordinate, QPointF pixel) const
+    {
+        return QLineF(pixelAt(coordinate), pixel).length();
+    }
     /// Zoom of the camera that shows a content of so many degrees from west to east on so many pixels.
     static double zoomFor(double degrees, double pixels);
 

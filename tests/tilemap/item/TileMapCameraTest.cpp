@@ -13,32 +13,15 @@ using TileMapCamera = MapBed;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-TEST_F(TileMapCamera, framesItsFirstContentAtOnce)
-{
-    m_map->setContent(levelContent());
-    pass(30);
-    EXPECT_FALSE(m_map->isMoving());
-    EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 320.0), 1e-6); // 40 px free on each side
-    EXPECT_NEAR(pixelAt({47.0, 8.0}).x(), 200.0, 1e-3);
-    EXPECT_NEAR(pixelAt({47.0, 8.0}).y(), 150.0, 1e-3);
-    EXPECT_NEAR(pixelAt({47.0, 7.99}).x(), 40.0, 1e-3);
-}
-
-TEST_F(TileMapCamera, framesPlacesBesideThePathsAndNoneThatIsNoPlace)
+TEST_F(TileMapCamera, framesItsFirstContentAtOnceWithThePlacesBesideThePaths)
 {
     MapContent content = levelContent();
     content.places = {{nan, 8.0}, {47.0, 8.03}, {47.0, std::numeric_limits<double>::infinity()}};
     m_map->setContent(content);
     pass(30);
-    EXPECT_NEAR(m_map->zoom(), zoomFor(0.04, 320.0), 1e-6);
-    EXPECT_NEAR(pixelAt({47.0, 8.03}).x(), 360.0, 1e-3);
-}
-
-TEST_F(TileMapCamera, framesOnePointNoCloserThanIsOfUse)
-{
-    m_map->setContent({.paths = {redPath("point", {{47.0, 8.0}, {47.0, 8.0}})}});
-    pass(30);
-    EXPECT_EQ(m_map->zoom(), 18.0);
+    EXPECT_FALSE(m_map->isMoving());
+    EXPECT_NEAR(m_map->zoom(), zoomFor(0.04, 320.0), 1e-6); // 40 px free on each side
+    EXPECT_LT(distance({47.0, 8.03}, {360.0, 150.0}), 1e-3);
 }
 
 TEST_F(TileMapCamera, goesToARegionWithoutAnimationAtFirstAndThenWithOne)
@@ -55,18 +38,18 @@ TEST_F(TileMapCamera, goesToARegionWithoutAnimationAtFirstAndThenWithOne)
     EXPECT_LT(between, zoomFor(0.02, 400.0));
     settle();
     EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 400.0), 1e-9);
-    EXPECT_NEAR(pixelAt({47.001, 8.001}).x(), 200.0, 1e-3);
+    EXPECT_LT(distance({47.001, 8.001}, {200.0, 150.0}), 1e-3);
 }
 
 TEST_F(TileMapCamera, stillsMotionWhereItIsUnwanted)
 {
     m_map->setProperty("cameraDuration", 0);
-    m_map->showRegion({47.0, 8.0}, {0.001, 0.04});
-    pass(20);
-    m_map->showRegion({47.0, 8.0}, {0.001, 0.02});
-    pass(20);
-    EXPECT_FALSE(m_map->isMoving());
-    EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 400.0), 1e-9);
+    for (const double span : {0.04, 0.02}) {
+        m_map->showRegion({47.0, 8.0}, {0.001, span});
+        pass(20);
+        EXPECT_FALSE(m_map->isMoving());
+        EXPECT_NEAR(m_map->zoom(), zoomFor(span, 400.0), 1e-9);
+    }
     m_map->pressKey(Qt::Key_Plus);
     EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 400.0) + 1.0, 1e-9);
 }
@@ -78,13 +61,13 @@ TEST_F(TileMapCamera, jumpsToAFarAwayRegion)
     m_map->showRegion({-33.0, 151.0}, {0.01, 0.01});
     pass(20);
     EXPECT_FALSE(m_map->isMoving());
-    EXPECT_NEAR(pixelAt({-33.0, 151.0}).x(), 200.0, 1e-3);
+    EXPECT_LT(distance({-33.0, 151.0}, {200.0, 150.0}),
+              0.1); // the middle of the latitudes is not quite that of the map
 }
 
 TEST_F(TileMapCamera, keepsToItsAimWhileNoHandHasTouchedIt)
 {
-    m_map->setContent(levelContent());
-    settle();
+    showLevelPath();
     m_map->setWidth(200.0);
     pass(20);
     EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 120.0), 1e-6);
@@ -106,13 +89,15 @@ TEST_F(TileMapCamera, keepsToItsAimWhileNoHandHasTouchedIt)
     EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 320.0), 1e-6);
 }
 
-TEST_F(TileMapCamera, leavesARegionAloneWhenTheContentChanges)
+TEST_F(TileMapCamera, leavesARegionOnlyForAnother)
 {
     m_map->showRegion({47.0, 8.0}, {0.001, 0.04});
     settle();
     const Camera before = m_map->camera();
-    m_map->setContent(levelContent());
-    pass(30);
+    showLevelPath();
+    m_map->showRegion({nan, 8.0}, {0.001, 0.04});
+    m_map->showRegion({47.0, 8.0}, {0.001, nan});
+    settle();
     EXPECT_EQ(m_map->camera(), before);
     QSignalSpy views(m_map, &TileMap::viewChanged);
     m_map->showRegion({47.0, 8.0}, {0.001, 0.04}); // where it is already
@@ -120,10 +105,9 @@ TEST_F(TileMapCamera, leavesARegionAloneWhenTheContentChanges)
     EXPECT_EQ(views.count(), 0);
 }
 
-TEST_F(TileMapCamera, moveThatComeTogetherAreOne)
+TEST_F(TileMapCamera, movesThatComeTogetherAreOne)
 {
-    m_map->setContent(levelContent());
-    settle();
+    showLevelPath();
     QSignalSpy views(m_map, &TileMap::viewChanged);
     m_map->setProperty("cameraDuration", 0);
     m_map->showRegion({10.0, 10.0}, {1.0, 1.0});
@@ -132,17 +116,6 @@ TEST_F(TileMapCamera, moveThatComeTogetherAreOne)
     pass(30);
     EXPECT_EQ(views.count(), 1);
     EXPECT_NEAR(m_map->zoom(), zoomFor(0.04, 400.0), 1e-9);
-}
-
-TEST_F(TileMapCamera, sharesTheWayAcrossTheAntimeridian)
-{
-    m_map->setContent({.paths = {redPath("fiji", {{-17.0, 179.99}, {-17.0, -179.99}})}});
-    settle();
-    EXPECT_NEAR(m_map->zoom(), zoomFor(0.02, 320.0), 1e-6);
-    m_anchor->setPlace({-17.0, -179.995});
-    EXPECT_NEAR(m_anchor->x() + 10.0, 280.0, 0.51);
-    m_anchor->setPlace({-17.0, 179.995});
-    EXPECT_NEAR(m_anchor->x() + 10.0, 120.0, 0.51);
 }
 
 TEST_F(TileMapCamera, survivesHavingNoRoom)
@@ -158,34 +131,20 @@ TEST_F(TileMapCamera, survivesHavingNoRoom)
     EXPECT_NEAR(m_map->zoom(), zoomFor(0.04, 400.0), 1e-6); // at once: nothing was on screen before
 }
 
-TEST_F(TileMapCamera, ignoresWhatIsNoRegion)
-{
-    m_map->showRegion({47.0, 8.0}, {0.001, 0.04});
-    settle();
-    const Camera before = m_map->camera();
-    m_map->showRegion({nan, 8.0}, {0.001, 0.04});
-    m_map->showRegion({47.0, 8.0}, {0.001, nan});
-    settle();
-    EXPECT_EQ(m_map->camera(), before);
-}
-
 TEST_F(TileMapCamera, anchorsStandOnTheirPlaceAndFollow)
 {
-    m_map->setContent(levelContent());
-    settle();
+    showLevelPath();
+    const auto foot = [this] { return m_anchor->position() + QPointF(m_anchor->width() / 2.0, 10.0); };
     EXPECT_FALSE(m_anchor->isVisible()); // it has no place yet
     m_anchor->setPlace({47.0, 8.005});
     EXPECT_TRUE(m_anchor->isVisible());
-    EXPECT_NEAR(m_anchor->x() + 10.0, 280.0, 0.51);
-    EXPECT_NEAR(m_anchor->y() + 10.0, 150.0, 0.51);
-    EXPECT_EQ(m_anchor->x(), std::round(m_anchor->x())); // sharp
-    m_map->setCamera(panned(m_map->camera(), -100.0, 20.0));
-    EXPECT_NEAR(m_anchor->x() + 10.0, 180.0, 0.51);
-    EXPECT_NEAR(m_anchor->y() + 10.0, 170.0, 0.51);
+    EXPECT_EQ(foot(), QPointF(280.0, 150.0));
+    m_map->setCamera(panned(m_map->camera(), -100.3, 20.2)); // stands on whole pixels, where it is sharp
+    EXPECT_EQ(foot(), QPointF(180.0, 170.0));
     m_anchor->setSize({40.0, 10.0});
-    EXPECT_NEAR(m_anchor->x() + 20.0, 180.0, 0.51);
+    EXPECT_EQ(foot(), QPointF(180.0, 170.0));
     m_anchor->setAnchorPoint({0.0, 0.0});
-    EXPECT_NEAR(m_anchor->x(), 180.0, 0.51);
+    EXPECT_EQ(m_anchor->position(), QPointF(180.0, 170.0));
     EXPECT_EQ(grab().pixelColor(190, 175), QColor(0, 255, 0));
     m_anchor->setPlace({nan, 8.005});
     EXPECT_FALSE(m_anchor->isVisible());
@@ -194,8 +153,7 @@ TEST_F(TileMapCamera, anchorsStandOnTheirPlaceAndFollow)
 
 TEST_F(TileMapCamera, tellsARoundLength)
 {
-    m_map->setContent(levelContent());
-    settle();
+    showLevelPath();
     // 0.02 degrees, at 47 degrees north 1,518 m, lie on 320 px.
     EXPECT_EQ(m_map->scaleBarText(), "500 m");
     EXPECT_NEAR(m_map->scaleBarWidth(), 500.0 / 1518.0 * 320.0, 0.5);

@@ -35,8 +35,8 @@ TEST(LayerPlacement, servesUntilTheMarginNearsItsEnd)
     const MapView view = viewAt(14.0);
     const LayerFrame frame = layerFrame(view, 1.0);
     MapView moved = view;
-    for (const auto& [way, serving] : {std::pair{60.0, true}, std::pair{90.0, false}, std::pair{2000.0, false}}) {
-        for (const auto& [x, y] : {std::pair{1, 0}, std::pair{-1, 0}, std::pair{0, 1}, std::pair{0, -1}}) {
+    for (const auto& [way, serving] : {std::pair{60.0, true}, {90.0, false}, {2000.0, false}}) {
+        for (const auto& [x, y] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
             moved.camera = panned(view.camera, x * way, y * way);
             EXPECT_EQ(serves(frame, moved, 1.0, ViewPace::settled), serving) << way << ' ' << x << ' ' << y;
         }

@@ -16,9 +16,13 @@ LayerFrame frameAt(double zoom, WorldPoint center = {0.5, 0.5})
     return {.camera = {.center = center, .zoom = zoom}, .columns = 800, .rows = 600, .scale = 1.0};
 }
 
-std::vector<std::string> textsOf(const VectorTile& tile, const LayerFrame& frame)
+PlacedVectorTile placed(const VectorTile& features, const TileID& tile = middleTile)
 {
-    const std::vector tiles{PlacedVectorTile{middleTile, std::make_shared<const VectorTile>(tile)}};
+    return {tile, std::make_shared<const VectorTile>(features)};
+}
+
+std::vector<std::string> textsOf(const std::vector<PlacedVectorTile>& tiles, const LayerFrame& frame = frameAt(14.0))
+{
     std::vector<std::string> texts;
     for (const MapName& name : chooseNames(tiles, frame))
         texts.emplace_back(name.text);
@@ -34,10 +38,10 @@ TEST(ChooseNames, putsTheImportantFirst)
                           .roadNames = {{"Lane", RoadClass::tertiary, {{0.0F, 0.0F}, {1.0F, 1.0F}}},
                                         {"M1", RoadClass::motorway, {{0.0F, 0.0F}, {1.0F, 1.0F}}},
                                         {"Close", RoadClass::minor, {{0.0F, 0.0F}, {1.0F, 1.0F}}}}};
-    EXPECT_THAT(textsOf(tile, frameAt(14.0)), ElementsAre("City", "First town", "Second town", "Hamlet", "M1", "Lane"));
-    EXPECT_THAT(textsOf(tile, frameAt(12.9)), ElementsAre("City", "First town", "Second town", "Hamlet"));
-    EXPECT_THAT(textsOf(tile, frameAt(9.0)), ElementsAre("City", "First town", "Second town"));
-    EXPECT_THAT(textsOf(tile, frameAt(3.0)), IsEmpty());
+    EXPECT_THAT(textsOf({placed(tile)}), ElementsAre("City", "First town", "Second town", "Hamlet", "M1", "Lane"));
+    EXPECT_THAT(textsOf({placed(tile)}, frameAt(12.9)), ElementsAre("City", "First town", "Second town", "Hamlet"));
+    EXPECT_THAT(textsOf({placed(tile)}, frameAt(9.0)), ElementsAre("City", "First town", "Second town"));
+    EXPECT_THAT(textsOf({placed(tile)}, frameAt(3.0)), IsEmpty());
 }
 
 TEST(ChooseNames, keepsTheOrderWhileThePictureMoves)
@@ -48,7 +52,7 @@ TEST(ChooseNames, keepsTheOrderWhileThePictureMoves)
                                PlaceClass::village,
                                i % 3,
                                {static_cast<float>(i * 37 % 41) / 41.0F, static_cast<float>(i * 11 % 13) / 13.0F}});
-    const std::vector tiles{PlacedVectorTile{middleTile, std::make_shared<const VectorTile>(tile)}};
+    const std::vector tiles{placed(tile)};
     const std::vector<MapName> before = chooseNames(tiles, frameAt(14.0));
     const std::vector<MapName> after = chooseNames(tiles, frameAt(14.0, {0.50001, 0.49999}));
     ASSERT_EQ(before.size(), 40U);
@@ -64,22 +68,17 @@ TEST(ChooseNames, leavesOutWhatIsFarAway)
     const VectorTile tile{.places = {{"Near", PlaceClass::city, 1, {0.0F, 0.0F}},
                                      {"Some way off", PlaceClass::city, 2, {3.9F, 0.0F}},
                                      {"Far", PlaceClass::city, 3, {4.0F, 0.0F}}}};
-    EXPECT_THAT(textsOf(tile, frameAt(14.0)), ElementsAre("Near", "Some way off")); // 400 + 600 px; tiles have 256
-    EXPECT_THAT(textsOf(tile, frameAt(14.0, {0.5, 0.6})), IsEmpty());
+    EXPECT_THAT(textsOf({placed(tile)}), ElementsAre("Near", "Some way off")); // 400 + 600 px; tiles have 256
+    EXPECT_THAT(textsOf({placed(tile)}, frameAt(14.0, {0.5, 0.6})), IsEmpty());
 }
 
 TEST(ChooseNames, leavesToFinerTilesWhatTheyShow)
 {
     const auto withTown = [](const TileID& tile, const char* name, float x) {
-        return PlacedVectorTile{
-            tile, std::make_shared<const VectorTile>(VectorTile{.places = {{name, PlaceClass::town, 1, {x, 0.25F}}}})};
+        return placed({.places = {{name, PlaceClass::town, 1, {x, 0.25F}}}}, tile);
     };
     const auto textsOfBoth = [&](const TileID& finer) {
-        std::vector<std::string> texts;
-        const std::vector tiles{withTown({13, 4096, 4096}, "Coarse", 0.75F), withTown(finer, "Fine", 0.5F)};
-        for (const MapName& name : chooseNames(tiles, frameAt(14.0)))
-            texts.emplace_back(name.text);
-        return texts;
+        return textsOf({withTown({13, 4096, 4096}, "Coarse", 0.75F), withTown(finer, "Fine", 0.5F)});
     };
     EXPECT_THAT(textsOfBoth(middleTile), ElementsAre("Coarse", "Fine")) << "each in a quarter of its own";
     EXPECT_THAT(textsOfBoth({14, 8193, 8192}), ElementsAre("Fine"));
@@ -90,7 +89,7 @@ TEST(ChooseNames, isBounded)
 {
     VectorTile tile;
     tile.places.assign(50'000, {"Holt", PlaceClass::city, 1, {0.5F, 0.5F}});
-    EXPECT_LE(textsOf(tile, frameAt(14.0)).size(), 5'000U);
+    EXPECT_LE(textsOf({placed(tile)}).size(), 5'000U);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "tilemap/vector/paintRoads.h"
 
+#include "tests/support/Picture.h"
 #include "tilemap/vector/RoadStyle.h"
 
 #include <gtest/gtest.h>
@@ -11,33 +12,17 @@ namespace {
 
 constexpr TileID middleTile{14, 8192, 8192}; // its north-west corner is the middle of the world
 
-/// A picture and how to look at it.
-struct Picture {
-    LayerFrame frame{};
-    std::vector<std::uint32_t> pixels{};
-
-    [[nodiscard]] std::uint32_t at(int x, int y) const
-    {
-        return pixels[static_cast<std::size_t>(y * frame.columns + x)];
-    }
-    [[nodiscard]] std::uint32_t alphaAt(int x, int y) const { return at(x, y) >> 24; }
-    [[nodiscard]] std::uint32_t redAt(int x, int y) const { return (at(x, y) >> 16) & 0xff; }
-};
-
 PlacedVectorTile placed(const TileID& tile, std::vector<TileRoad> roads)
 {
     return {tile, std::make_shared<const VectorTile>(VectorTile{.roads = std::move(roads)})};
 }
 
-/// 256 x 256 logical pixels round the middle tile's north-west corner.
+/// What a camera at the middle tile's north-west corner sees on 256 x 256 logical pixels.
 Picture paint(const std::vector<PlacedVectorTile>& tiles, double zoom = 14.0, double scale = 1.0)
 {
-    Picture picture{.frame = {.camera = {.center = {0.5, 0.5}, .zoom = zoom},
-                              .columns = static_cast<int>(256 * scale),
-                              .rows = static_cast<int>(256 * scale),
-                              .scale = scale}};
-    picture.pixels.assign(static_cast<std::size_t>(picture.frame.columns * picture.frame.rows), 0x12345678);
-    paintRoads(tiles, picture.frame, picture.pixels, picture.frame.columns);
+    const int side = static_cast<int>(256 * scale);
+    Picture picture{.columns = side, .rows = side};
+    paintRoads(tiles, {.camera = {.zoom = zoom}, .columns = side, .rows = side, .scale = scale}, picture.pixels, side);
     return picture;
 }
 
@@ -55,15 +40,16 @@ TEST(PaintRoads, drawsALineWithItsCasing)
             paint({placed(middleTile, {road(RoadClass::motorway, {{0.1F, 0.25F}, {0.4F, 0.25F}})})}, 14.0, scale);
         const auto px = [&](double logical) { return static_cast<int>(logical * scale); };
         const int x = px(128 + 64);
-        EXPECT_NEAR(picture.alphaAt(x, px(192)), 255 * roadLineOpacity, 3);
-        EXPECT_GT(picture.redAt(x, px(192)), 100U) << "a light line";
+        EXPECT_NEAR(picture.alpha(x, px(192)), 255 * roadLineOpacity, 3);
+        EXPECT_GT((picture.pixel(x, px(192)) >> 16) & 0xff, 100U) << "a light line";
         const RoadStyle style = roadStyle(RoadClass::motorway, false, false, 14.0);
         const double inCasing = (style.width + style.casingWidth) / 4.0; // halfway between the two edges
-        EXPECT_LT(picture.redAt(x, px(192 + inCasing)), picture.alphaAt(x, px(192 + inCasing)) / 2) << "a dark casing";
-        EXPECT_GT(picture.alphaAt(x, px(192 + inCasing)), 30U);
-        EXPECT_EQ(picture.at(x, px(192 + style.casingWidth)), 0U);
-        EXPECT_EQ(picture.at(px(128 + 150), px(192)), 0U) << "beyond the end";
-        EXPECT_EQ(picture.at(0, 0), 0U) << "what was there is overwritten";
+        const std::uint32_t casing = picture.pixel(x, px(192 + inCasing));
+        EXPECT_LT((casing >> 16) & 0xff, casing >> 25) << "a dark casing";
+        EXPECT_GT(casing >> 24, 30U);
+        EXPECT_EQ(picture.pixel(x, px(192 + style.casingWidth)), 0U);
+        EXPECT_EQ(picture.pixel(px(128 + 150), px(192)), 0U) << "beyond the end";
+        EXPECT_EQ(picture.pixel(0, 0), 0U) << "what was there is overwritten";
     }
 }
 
@@ -110,9 +96,9 @@ TEST(PaintRoads, joinsTilesEvenly)
                placed(middleTile, {road(RoadClass::primary, {{-0.016F, 0.25F}, {0.3F, 0.25F}})})});
     for (int y = 192 - 5; y < 192 + 5; ++y) {
         for (int x = 60; x < 200; ++x)
-            ASSERT_EQ(picture.at(x, y), picture.at(100, y)) << x << ", " << y;
+            ASSERT_EQ(picture.pixel(x, y), picture.pixel(100, y)) << x << ", " << y;
     }
-    EXPECT_GT(picture.alphaAt(100, 192), 100U);
+    EXPECT_GT(picture.alpha(100, 192), 100);
 }
 
 TEST(PaintRoads, keepsCrossingsEven)
@@ -120,7 +106,7 @@ TEST(PaintRoads, keepsCrossingsEven)
     const Picture near = paint({placed(middleTile, {road(RoadClass::minor, {{0.0F, 0.1F}, {0.4F, 0.1F}}),
                                                     road(RoadClass::primary, {{0.2F, 0.0F}, {0.2F, 0.4F}})})});
     const int x = 128 + 51;
-    EXPECT_EQ(near.at(x, 128 + 25), near.at(x, 128 + 60)) << "the greater road at the crossing and away from it";
+    EXPECT_EQ(near.pixel(x, 128 + 25), near.pixel(x, 128 + 60)) << "the greater road at the crossing and away from it";
 }
 
 TEST(PaintRoads, leavesToFinerTilesWhatTheyShow)
@@ -131,22 +117,21 @@ TEST(PaintRoads, leavesToFinerTilesWhatTheyShow)
     const Picture alone = paint({coarse}, 13.5);
     const Picture both = paint({placed(middleTile, {}), coarse}, 13.5);
     const int x = 128 + 90;
-    EXPECT_GT(alone.alphaAt(x, 128 - 72), 100U);
-    EXPECT_EQ(both.alphaAt(x, 128 - 72), alone.alphaAt(x, 128 - 72));
-    EXPECT_GT(alone.alphaAt(x, 128 + 54), 100U);
-    EXPECT_EQ(both.alphaAt(x, 128 + 54), 0U);
+    EXPECT_GT(alone.alpha(x, 128 - 72), 100);
+    EXPECT_EQ(both.alpha(x, 128 - 72), alone.alpha(x, 128 - 72));
+    EXPECT_GT(alone.alpha(x, 128 + 54), 100);
+    EXPECT_EQ(both.alpha(x, 128 + 54), 0);
 }
 
 TEST(PaintRoads, showsTheWorldOnEveryTurn)
 {
     const std::vector tiles{placed({0, 0, 0}, {road(RoadClass::motorway, {{0.5F, 0.2F}, {0.5F, 0.8F}})})};
-    Picture picture{
-        .frame = {.camera = {.center = {0.0, 0.5}, .zoom = 5.0}, .columns = 9000, .rows = 10, .scale = 1.0}};
-    picture.pixels.resize(std::size_t{9000} * 10);
-    paintRoads(tiles, picture.frame, picture.pixels, picture.frame.columns);
-    EXPECT_GT(picture.alphaAt(4500 - 4096, 5), 50U);
-    EXPECT_GT(picture.alphaAt(4500 + 4096, 5), 50U);
-    EXPECT_EQ(picture.alphaAt(4500, 5), 0U);
+    Picture picture{.columns = 9000, .rows = 10};
+    paintRoads(tiles, {.camera = {.center = {0.0, 0.5}, .zoom = 5.0}, .columns = 9000, .rows = 10}, picture.pixels,
+               9000);
+    EXPECT_GT(picture.alpha(4500 - 4096, 5), 50);
+    EXPECT_GT(picture.alpha(4500 + 4096, 5), 50);
+    EXPECT_EQ(picture.alpha(4500, 5), 0);
 }
 
 TEST(PaintRoads, bearsAnything)
@@ -160,7 +145,7 @@ TEST(PaintRoads, bearsAnything)
     for (const double zoom : {1.0, 14.0, 20.0})
         paint(tiles, zoom);
     // From far in the west at the tile's top to its middle, the line comes in along the picture's lower edge.
-    EXPECT_GT(paint(tiles, 14.0).alphaAt(100, 255), 0U);
+    EXPECT_GT(paint(tiles, 14.0).alpha(100, 255), 0);
 }
 
 } // namespace

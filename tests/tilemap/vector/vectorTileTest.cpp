@@ -7,8 +7,10 @@
 #include <gtest/gtest.h>
 #include <protozero/pbf_writer.hpp>
 
-#include <functional>
 #include <random>
+
+/// Ends the program where what is read of the bytes is not sound.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace ospra {
 namespace {
@@ -48,10 +50,7 @@ TEST(VectorTile, readsRoads)
 
 TEST(VectorTile, knowsTheClassesThatAreShown)
 {
-    struct Row {
-        std::string name;
-        std::optional<RoadClass> roadClass;
-    };
+    using Row = std::pair<const char*, std::optional<RoadClass>>;
     for (const auto& [name, roadClass] :
          {Row{"motorway", RoadClass::motorway}, Row{"trunk", RoadClass::trunk}, Row{"primary", RoadClass::primary},
           Row{"tertiary", RoadClass::tertiary}, Row{"minor", RoadClass::minor}, Row{"service", RoadClass::service},
@@ -69,10 +68,9 @@ TEST(VectorTile, knowsTheClassesThatAreShown)
     }
     for (const auto& [name, placeClass] :
          {std::pair("city", PlaceClass::city), std::pair("province", PlaceClass::state),
-          std::pair("quarter", PlaceClass::suburb), std::pair("isolated_dwelling", PlaceClass::other)}) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(decode({.places = {{.name = "Holt", .placeClass = name}}}).places.at(0).placeClass, placeClass);
-    }
+          std::pair("quarter", PlaceClass::suburb), std::pair("isolated_dwelling", PlaceClass::other)})
+        EXPECT_EQ(decode({.places = {{.name = "Holt", .placeClass = name}}}).places.at(0).placeClass, placeClass)
+            << name;
     EXPECT_TRUE(decode({.places = {{.name = "Terra", .placeClass = "continent"}}}).places.empty());
 }
 
@@ -125,11 +123,7 @@ TEST(VectorTile, readsOtherExtentsAndSkipsWhatItDoesNotKnow)
 struct HandMade {
     std::vector<std::uint32_t> tags{0, 0};
     std::vector<std::uint32_t> geometry{9, 0, 0, 10, 8, 8};
-    std::function<void(protozero::pbf_writer&)> addValue = [](protozero::pbf_writer& layer) {
-        std::string value;
-        protozero::pbf_writer(value).add_string(1, "minor");
-        layer.add_message(4, value);
-    };
+    std::string ramp{}; ///< message of the second value; has a key only where not empty
     std::uint32_t extent = 4096;
 
     [[nodiscard]] std::string bytes() const
@@ -139,7 +133,13 @@ struct HandMade {
         protozero::pbf_writer layer(tile, 3);
         layer.add_string(1, "transportation");
         layer.add_string(3, "class");
-        addValue(layer);
+        std::string roadClass;
+        protozero::pbf_writer(roadClass).add_string(1, "minor");
+        layer.add_message(4, roadClass);
+        if (!ramp.empty()) {
+            layer.add_string(3, "ramp");
+            layer.add_message(4, ramp);
+        }
         layer.add_uint32(5, extent);
         layer.add_uint32(15, 2);
         protozero::pbf_writer feature(layer, 2);
@@ -152,14 +152,10 @@ struct HandMade {
 
 TEST(VectorTile, isAbsentWhereAPartIsBroken)
 {
-    ASSERT_TRUE(decodeVectorTile(HandMade{}.bytes()));
-    ASSERT_EQ(decodeVectorTile(HandMade{}.bytes())->roads.size(), 1U);
     const std::string whole = HandMade{}.bytes();
+    ASSERT_EQ(decodeVectorTile(whole).value().roads.size(), 1U);
     constexpr std::uint32_t huge = 0x1fffffff << 3;
-    struct Row {
-        std::string what;
-        std::string bytes;
-    };
+    using Row = std::pair<const char*, std::string>;
     for (const auto& [what, bytes] : {
              Row{"key beyond the table", HandMade{.tags = {1, 0}}.bytes()},
              Row{"value beyond the table", HandMade{.tags = {0, 1}}.bytes()},
@@ -184,17 +180,10 @@ TEST(VectorTile, isAbsentWhereAPartIsBroken)
 
 TEST(VectorTile, readsNumbersOfEveryType)
 {
-    const auto rampOf = [](const std::function<void(protozero::pbf_writer&)>& writeValue) {
-        std::string ramp;
-        protozero::pbf_writer valueWriter(ramp);
-        writeValue(valueWriter);
+    const auto rampOf = [](const auto& writeValue) {
         HandMade tile{.tags = {0, 0, 1, 1}};
-        const auto addClass = tile.addValue;
-        tile.addValue = [&](protozero::pbf_writer& layer) {
-            addClass(layer);
-            layer.add_string(3, "ramp");
-            layer.add_message(4, ramp);
-        };
+        protozero::pbf_writer writer(tile.ramp);
+        writeValue(writer);
         return decodeVectorTile(tile.bytes()).value().roads.at(0).isRamp;
     };
     EXPECT_TRUE(rampOf([](auto& value) { value.add_float(2, 1.0F); }));
@@ -207,23 +196,6 @@ TEST(VectorTile, readsNumbersOfEveryType)
     EXPECT_FALSE(rampOf([](auto& value) { value.add_bool(7, false); }));
     EXPECT_FALSE(rampOf([](auto& value) { value.add_string(1, "1"); }));
     EXPECT_FALSE(rampOf([](auto& value) { value.add_string(40, "of a type to come"); }));
-}
-
-/// What must hold of every tile that is read, whatever the bytes.
-void expectSound(const VectorTile& tile, std::size_t bytes)
-{
-    std::size_t points = 0;
-    const auto see = [&](const std::vector<TilePoint>& line) {
-        EXPECT_GE(line.size(), 2U);
-        points += line.size();
-        for (const TilePoint& point : line)
-            EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
-    };
-    for (const TileRoad& road : tile.roads)
-        see(road.points);
-    for (const TileRoadName& road : tile.roadNames)
-        see(road.points);
-    EXPECT_LE(points + tile.places.size(), bytes / 2);
 }
 
 TEST(VectorTile, bearsDamagedTiles)
@@ -241,10 +213,8 @@ TEST(VectorTile, bearsDamagedTiles)
             damaged.resize(random() % damaged.size());
         if (run % 5 == 0)
             damaged.insert(random() % (damaged.size() + 1), whole, random() % whole.size(), random() % 40);
-        if (const auto tile = decodeVectorTile(damaged)) {
-            expectSound(*tile, damaged.size());
-            ++read;
-        }
+        read += decodeVectorTile(damaged) ? 1 : 0;
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(damaged.data()), damaged.size());
     }
     EXPECT_GT(read, runs / 20) << "few were worth looking at";
     EXPECT_LT(read, runs) << "no damage was seen";

@@ -124,30 +124,10 @@ int TileServer::count(const std::string& beginning) const
         m_requests, [&](const ServerRequest& request) { return request.path.starts_with(beginning); }));
 }
 
-int TileServer::mostConnections() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_mostConnections;
-}
-
-int TileServer::connections() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_connections;
-}
-
 void TileServer::accept(QTcpSocket* socket)
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_mostConnections = std::max(m_mostConnections, ++m_connections);
-    }
     QObject::connect(socket, &QTcpSocket::readyRead, m_server, [this, socket] { read(socket); });
-    QObject::connect(socket, &QTcpSocket::disconnected, m_server, [this, socket] {
-        const std::lock_guard lock(m_mutex);
-        --m_connections;
-        socket->deleteLater();
-    });
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
 }
 
 void TileServer::read(QTcpSocket* socket)

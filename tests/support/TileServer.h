@@ -83,8 +83,6 @@ public:
     [[nodiscard]] std::vector<ServerRequest> requests() const;
     /// The number of requests for paths that begin so.
     [[nodiscard]] int count(const std::string& beginning = "/") const;
-    [[nodiscard]] int mostConnections() const;
-    [[nodiscard]] int connections() const;
 
 private:
     struct Answer {
@@ -109,8 +107,6 @@ private:
     std::map<std::string, ServerManner> m_manners{};
     std::map<std::string, Answer> m_documents{};
     std::vector<ServerRequest> m_requests{};
-    int m_connections = 0;
-    int m_mostConnections = 0;
 
     quint16 m_port = 0;
     QThread m_thread{};

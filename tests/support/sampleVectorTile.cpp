@@ -1,10 +1,13 @@
 #include "tests/support/sampleVectorTile.h"
 
+#include "tests/support/VectorTileWriter.h"
 #include "tilemap/Mercator.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace ospra {
 namespace {
@@ -55,6 +58,29 @@ std::string inventedName(int level, int x, int y)
         return table[static_cast<std::size_t>(chance(level, x, y, purpose) * static_cast<double>(table.size()))];
     };
     return std::string(pick(starts, 3)) + std::string(pick(ends, 4));
+}
+
+/// The part of a straight line between two points that lies within `lo` to `hi` on both axes.
+std::optional<std::pair<GridPoint, GridPoint>> clippedTo(GridPoint from, GridPoint to, int lo, int hi)
+{
+    double start = 0.0;
+    double end = 1.0;
+    for (const auto& [a, b] : {std::pair(from.x, to.x), std::pair(from.y, to.y)}) {
+        const double delta = b - a;
+        if (delta == 0.0 && (a < lo || a > hi))
+            return std::nullopt;
+        if (delta == 0.0)
+            continue;
+        start = std::max(start, std::min((lo - a) / delta, (hi - a) / delta));
+        end = std::min(end, std::max((lo - a) / delta, (hi - a) / delta));
+    }
+    if (start >= end)
+        return std::nullopt;
+    const auto at = [&](double t) {
+        return GridPoint{static_cast<int>(std::lround(std::lerp(from.x, to.x, t))),
+                         static_cast<int>(std::lround(std::lerp(from.y, to.y, t)))};
+    };
+    return std::pair(at(start), at(end));
 }
 
 /// Puts the country's features into one tile.
@@ -194,8 +220,6 @@ void addVillages(SampleCountry& country, int zoom)
     });
 }
 
-} // namespace
-
 WrittenTile sampleTile(const TileID& tile)
 {
     SampleCountry country(tile);
@@ -211,6 +235,8 @@ WrittenTile sampleTile(const TileID& tile)
     return country.written();
 }
 
+} // namespace
+
 std::string sampleVectorTile(const TileID& tile)
 {
     constexpr int highestZoom = 22;
@@ -219,28 +245,6 @@ std::string sampleVectorTile(const TileID& tile)
     if (std::min(tile.x, tile.y) < 0 || std::max(tile.x, tile.y) >= tiles)
         return {};
     return writeVectorTile(sampleTile(tile));
-}
-
-std::optional<std::pair<GridPoint, GridPoint>> clippedTo(GridPoint from, GridPoint to, int lo, int hi)
-{
-    double start = 0.0;
-    double end = 1.0;
-    for (const auto& [a, b] : {std::pair(from.x, to.x), std::pair(from.y, to.y)}) {
-        const double delta = b - a;
-        if (delta == 0.0 && (a < lo || a > hi))
-            return std::nullopt;
-        if (delta == 0.0)
-            continue;
-        start = std::max(start, std::min((lo - a) / delta, (hi - a) / delta));
-        end = std::min(end, std::max((lo - a) / delta, (hi - a) / delta));
-    }
-    if (start >= end)
-        return std::nullopt;
-    const auto at = [&](double t) {
-        return GridPoint{static_cast<int>(std::lround(std::lerp(from.x, to.x, t))),
-                         static_cast<int>(std::lround(std::lerp(from.y, to.y, t)))};
-    };
-    return std::pair(at(start), at(end));
 }
 
 } // namespace ospra

@@ -11,6 +11,13 @@ namespace ospra {
 
 Mailbox::Mailbox(std::function<void()> wakeUp) : m_wakeUp(std::move(wakeUp)) {}
 
+/// The lock is the last word between the thread that left a message and this one.
+Mailbox::~Mailbox()
+{
+    const std::lock_guard lock(m_mutex);
+    m_messages.clear();
+}
+
 void Mailbox::post(Message message)
 {
     bool wasEmpty = false;

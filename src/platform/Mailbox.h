@@ -15,6 +15,11 @@ public:
     /// @param wakeUp called from any thread when the first message arrives in an empty box; it must see to it that
     ///     the main thread calls `drain` soon
     explicit Mailbox(std::function<void()> wakeUp);
+    /// What has not been drained is dropped.
+    ~Mailbox();
+
+    Mailbox(const Mailbox&) = delete;
+    Mailbox& operator=(const Mailbox&) = delete;
 
     /// May be called from any thread.
     void post(Message message);

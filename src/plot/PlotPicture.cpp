@@ -39,54 +39,48 @@ PlotPicture draw(PlotRasteriser& rasteriser, const PlotContent& content, const P
     return picture;
 }
 
-/// A finished picture on its way back.
-class PictureEvent : public QEvent {
-public:
-    PictureEvent(PlotPicture picture, std::uint64_t number)
-        : QEvent(User), m_picture(std::move(picture)), m_number(number)
-    {}
+} // namespace
 
-    [[nodiscard]] const PlotPicture& picture() const { return m_picture; }
-    /// Of the request.
-    [[nodiscard]] std::uint64_t number() const { return m_number; }
-
-private:
-    PlotPicture m_picture;
-    std::uint64_t m_number;
+/// The way back. A drawing thread leaves its picture and wakes the addressee only while it holds the mutex and finds
+/// the addressee there.
+struct PlotPictureSource::Receiver {
+    std::mutex mutex;
+    PlotPicture picture{};    ///< the latest
+    std::uint64_t number = 0; ///< of its request
+    std::unique_ptr<QObject> addressee;
 };
 
-/// Where pictures arrive. Lives on the thread that asks for them.
-class Addressee : public QObject {
+/// Hands pictures over. Lives on the thread that asks for them.
+class PlotPictureSource::Addressee : public QObject {
 public:
-    explicit Addressee(std::function<void(const PlotPicture&)> deliver) : m_deliver(std::move(deliver)) {}
+    Addressee(Receiver& receiver, std::function<void(const PlotPicture&)> deliver)
+        : m_receiver(receiver), m_deliver(std::move(deliver))
+    {}
 
 protected:
-    void customEvent(QEvent* event) override
+    void customEvent(QEvent* /*event*/) override
     {
-        const auto* const arrived = static_cast<const PictureEvent*>(event);
-        if (arrived->number() <= m_delivered)
-            return;
-        m_delivered = arrived->number();
-        m_deliver(arrived->picture());
+        PlotPicture picture;
+        {
+            const std::scoped_lock lock(m_receiver.mutex);
+            if (m_receiver.number <= m_delivered)
+                return;
+            m_delivered = m_receiver.number;
+            picture = std::move(m_receiver.picture);
+        }
+        m_deliver(picture);
     }
 
 private:
+    Receiver& m_receiver;
     std::function<void(const PlotPicture&)> m_deliver;
     std::uint64_t m_delivered = 0;
-};
-
-} // namespace
-
-/// The way back. A drawing thread posts to the addressee only while it holds the mutex and finds it there.
-struct PlotPictureSource::Receiver {
-    std::mutex mutex;
-    std::unique_ptr<QObject> addressee;
 };
 
 PlotPictureSource::PlotPictureSource(std::function<void(const PlotPicture&)> deliver)
     : m_queue(sharedQueue()), m_receiver(std::make_shared<Receiver>())
 {
-    m_receiver->addressee = std::make_unique<Addressee>(std::move(deliver));
+    m_receiver->addressee = std::make_unique<Addressee>(*m_receiver, std::move(deliver));
 }
 
 PlotPictureSource::~PlotPictureSource()
@@ -101,10 +95,13 @@ void PlotPictureSource::request(PlotContent content, const PlotFrame& frame)
     const std::uint64_t number = ++m_requests;
     m_queue->submit(this,
                     [receiver = m_receiver, content = std::move(content), frame, number](PlotRasteriser& rasteriser) {
-                        auto event = std::make_unique<PictureEvent>(draw(rasteriser, content, frame), number);
+                        PlotPicture picture = draw(rasteriser, content, frame);
                         const std::scoped_lock lock(receiver->mutex);
-                        if (receiver->addressee)
-                            QCoreApplication::postEvent(receiver->addressee.get(), event.release());
+                        if (!receiver->addressee || number < receiver->number)
+                            return;
+                        receiver->picture = std::move(picture);
+                        receiver->number = number;
+                        QCoreApplication::postEvent(receiver->addressee.get(), new QEvent(QEvent::User));
                     });
 }
 

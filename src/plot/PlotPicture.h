@@ -36,6 +36,7 @@ public:
 
 private:
     struct Receiver;
+    class Addressee;
 
     std::shared_ptr<RasterQueue> m_queue;
     std::shared_ptr<Receiver> m_receiver;

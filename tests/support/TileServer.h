@@ -6,6 +6,7 @@
 #include <QThread>
 
 #include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <map>
 #include <memory>
@@ -85,6 +86,7 @@ public:
     [[nodiscard]] int count(const std::string& beginning = "/") const;
 
 private:
+    class Listener;
     struct Answer {
         int status = 200;
         QByteArray type{"image/jpeg"};
@@ -100,7 +102,8 @@ private:
     [[nodiscard]] ServerManner mannerFor(const std::string& path);
     [[nodiscard]] Answer usualAnswer(const std::string& path);
     [[nodiscard]] Answer answerOf(const ServerManner& manner, const std::string& path);
-    void inThread(const std::function<void()>& work) const;
+    void inThread(std::function<void()> work);
+    void doWork();
 
     const Options m_options;
     mutable std::mutex m_mutex;
@@ -108,9 +111,12 @@ private:
     std::map<std::string, Answer> m_documents{};
     std::vector<ServerRequest> m_requests{};
 
+    std::function<void()> m_work{}; ///< for the thread; empty when it is done
+    std::condition_variable m_workDone{};
+
     quint16 m_port = 0;
     QThread m_thread{};
-    QTcpServer* m_server = nullptr; ///< lives in the thread
+    Listener* m_server = nullptr; ///< lives in the thread
 };
 
 } // namespace ospra

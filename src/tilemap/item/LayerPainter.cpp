@@ -1,6 +1,7 @@
 #include "tilemap/item/LayerPainter.h"
 
-#include <QMetaObject>
+#include <QCoreApplication>
+#include <QEvent>
 
 #include <utility>
 
@@ -25,15 +26,27 @@ void LayerPainter::request(Paint paint, const LayerFrame& frame, int revision)
     m_ready.notify_one();
 }
 
+void LayerPainter::customEvent(QEvent* /*event*/)
+{
+    std::optional<LayerPicture> picture;
+    {
+        const std::scoped_lock lock(m_mutex);
+        picture = std::exchange(m_drawn, std::nullopt);
+    }
+    if (picture)
+        m_deliver(*picture);
+}
+
 void LayerPainter::run(const std::stop_token& stop)
 {
     std::unique_lock lock(m_mutex);
     while (m_ready.wait(lock, stop, [this] { return m_waiting.has_value(); }) && !stop.stop_requested()) {
         const Job job = *std::exchange(m_waiting, std::nullopt);
         lock.unlock();
-        const LayerPicture picture{job.paint(job.frame), job.frame, job.revision};
-        QMetaObject::invokeMethod(&m_receiver, [this, picture] { m_deliver(picture); }, Qt::QueuedConnection);
+        LayerPicture picture{job.paint(job.frame), job.frame, job.revision};
         lock.lock();
+        m_drawn = std::move(picture);
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     }
 }
 

@@ -22,8 +22,8 @@ struct LayerPicture {
 };
 
 /// A thread that draws the pictures of one layer and hands them over on the thread that made it. Of the pictures asked
-/// for while one is drawn, only the last is drawn next.
-class LayerPainter {
+/// for while one is drawn, only the last is drawn next, and of those drawn meanwhile only the last is handed over.
+class LayerPainter : private QObject {
 public:
     /// Draws into a picture of the frame's size.
     using Paint = std::function<QImage(const LayerFrame& frame)>;
@@ -31,10 +31,7 @@ public:
     /// @param deliver called from the event loop of the constructing thread, never after the painter is gone
     explicit LayerPainter(std::function<void(const LayerPicture&)> deliver);
     /// Waits for the picture that is being drawn.
-    ~LayerPainter();
-
-    LayerPainter(const LayerPainter&) = delete;
-    LayerPainter& operator=(const LayerPainter&) = delete;
+    ~LayerPainter() override;
 
     void request(Paint paint, const LayerFrame& frame, int revision);
 
@@ -45,14 +42,15 @@ private:
         int revision = 0;
     };
 
+    void customEvent(QEvent* event) override;
     void run(const std::stop_token& stop);
 
     std::function<void(const LayerPicture&)> m_deliver;
-    QObject m_receiver;
-    std::mutex m_mutex;
+    std::mutex m_mutex; ///< of the job and the picture
     std::condition_variable_any m_ready;
     std::optional<Job> m_waiting;
-    std::jthread m_thread; // last, so that it is joined before what it uses goes
+    std::optional<LayerPicture> m_drawn; ///< not yet handed over
+    std::jthread m_thread;               // last, so that it is joined before what it uses goes
 };
 
 } // namespace ospra

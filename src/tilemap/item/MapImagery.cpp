@@ -33,11 +33,8 @@ TileStoreOptions userOptions()
 MapImagery* MapImagery::s_current = nullptr;
 
 MapImagery::MapImagery()
-    : m_reading([this] {
-          std::vector<MapSource> sources = loadMapSources();
-          QMetaObject::invokeMethod(
-              this, [this, sources = std::move(sources)] { open(sources); }, Qt::QueuedConnection);
-      })
+    : m_mailbox(makeEventLoopMailbox()),
+      m_reading([this] { m_mailbox->post([this, sources = loadMapSources()] { open(sources); }); })
 {
     assert(s_current == nullptr);
     s_current = this;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Mailbox.h"
 #include "tilemap/client/TileStore.h"
 
 #include <QObject>
@@ -36,6 +37,7 @@ private:
     static MapImagery* s_current;
 
     std::unique_ptr<TileStore> m_store;
+    std::shared_ptr<Mailbox> m_mailbox;
     std::jthread m_reading; // last, so that it is joined before what it uses goes
 };
 

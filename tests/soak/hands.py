@@ -165,7 +165,11 @@ class Hands:
             self._answer_panel(panel, folder)
 
     def _add_companion(self):
-        self._open_panel("ctrl+shift+a", self._rng.choice(self._folders()))
+        welcome = self._program.window.find("push-button", "Open Jumps Folder...")
+        if welcome and welcome.is_shown():
+            self._open_folder()  # before there is a jumper there are no companions
+        else:
+            self._open_panel("ctrl+shift+a", self._rng.choice(self._folders()))
 
     def _remove_companion(self):
         self._choose("Companions", "Remove .*")
@@ -175,7 +179,7 @@ class Hands:
 
     def _close_folder(self):
         screen.key("Escape", "ctrl+shift+w")
-        self._open_folder()
+        self._open_panel("ctrl+o", self._rng.choice(self._folders()))
 
     def _folders(self):
         return self._disk.folders()

@@ -72,9 +72,16 @@ Download::~Download()
 {
     if (!m_reply)
         return;
-    m_reply->disconnect(this);
-    m_reply->abort();
+    letGo();
     m_reply->deleteLater();
+}
+
+/// A reply that has failed already goes when it is deleted: the toolkit takes a second error amiss.
+void Download::letGo()
+{
+    m_reply->disconnect(this);
+    if (m_reply->error() == QNetworkReply::NoError)
+        m_reply->abort();
 }
 
 void Download::readHeaders()
@@ -120,8 +127,7 @@ void Download::end(DownloadResult::Kind kind)
     };
     m_idle.stop();
     m_total.stop();
-    m_reply->disconnect(this);
-    m_reply->abort();
+    letGo();
     std::exchange(m_done, {})(std::move(result)); // the last thing: it may destroy this object
 }
 

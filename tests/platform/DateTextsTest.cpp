@@ -41,11 +41,7 @@ TEST(DateTexts, speakTheLocale)
 
 TEST(DateTexts, ageIsInTheLargestUnitThatIsAtLeastOne)
 {
-    struct Row {
-        double seconds;
-        const char* text;
-    };
-    constexpr Row rows[] = {
+    constexpr std::pair<double, const char*> rows[] = {
         {0.0, "0 sec. ago"},      {0.9, "0 sec. ago"},
         {1.0, "1 sec. ago"},      {59.9, "59 sec. ago"},
         {minute, "1 min. ago"},   {hour - 1, "59 min. ago"},
@@ -59,8 +55,8 @@ TEST(DateTexts, ageIsInTheLargestUnitThatIsAtLeastOne)
         {-31 * day, "in 1 mo."},
     };
     const auto texts = makeDateTexts("en_US", "UTC");
-    for (const Row& row : rows)
-        EXPECT_EQ(texts->age({afternoon.seconds - row.seconds}, afternoon), row.text) << row.seconds;
+    for (const auto& [seconds, text] : rows)
+        EXPECT_EQ(texts->age({afternoon.seconds - seconds}, afternoon), text) << seconds;
 }
 
 TEST(DateTexts, takeAnyInstant)

@@ -40,20 +40,8 @@ TEST(SettingsText, keysCarryTheirSection)
     EXPECT_EQ(values, expected);
 }
 
-TEST(SettingsText, whatIsWrittenIsReadAgain)
+TEST(SettingsText, isWrittenInSections)
 {
-    std::string allBelow128;
-    for (char c = 0; c < 127; ++c)
-        allBelow128 += c;
-    const SettingsValues values{{"a", {"true"}},
-                                {"b", {"", " ", "@", "@@", "a,b", "\"", "\\", "\\x41", "texts"}},
-                                {"c", {allBelow128, allBelow128 + '\x7F', "\n1f", "\xC3\xA4\xF0\x9F\xAA\x82"}},
-                                {"General/a", {"1"}},
-                                {"%General/a", {"2"}},
-                                {"one/two/three", {"3"}},
-                                {"one/[x]=\n;", {"4"}},
-                                {"\xC3\xA4/ ", {"5"}}};
-    EXPECT_EQ(parseSettings(settingsText(values)), values);
     EXPECT_EQ(settingsText({}), "");
     EXPECT_EQ(
         settingsText({{"useAGL", {"true"}}, {"enabledSeries", {"texts", "Dive Angle", "Elevation"}}, {"x/y", {""}}}),

@@ -129,20 +129,6 @@ TEST(PlotRasteriser, coversLittleThatIsFarFromTheLine)
     }
 }
 
-TEST(PlotRasteriser, showsAPeakOfOneSampleAtFullRange)
-{
-    for (const int peak : {0, 12345, 24999}) {
-        auto points = sampled(25000, 500.0, [](double) { return 90.5; });
-        points[static_cast<std::size_t>(peak)].y = 10.5;
-        const Picture drawn = drawLine(lineThrough(points), pixelFrame(500, 100));
-        const int column = std::min(static_cast<int>(500.0 * peak / 24999), 499);
-        SCOPED_TRACE(column);
-        for (int row = 10; row < 90; ++row)
-            ASSERT_GE(drawn.alpha(column, row), 180);
-        EXPECT_NEAR(columnCoverage(drawn, 100), 1.5, 0.01); // and nothing elsewhere
-    }
-}
-
 TEST(PlotRasteriser, keepsATranslucentLineEven)
 {
     PlotLine line = lineThrough({{5.0, 5.0}, {35.0, 35.0}, {35.0, 5.0}, {5.0, 35.0}, {20.0, 5.0}, {20.0, 35.0}});
@@ -181,21 +167,6 @@ TEST(PlotRasteriser, dashesInLogicalPixels)
             }
         }
     }
-}
-
-TEST(PlotRasteriser, dashesAlongTheCurve)
-{
-    PlotLine line = lineThrough(sampled(20000, 270.0, [](double x) { return 150.0 + 40.0 * std::sin(x / 40.0); }));
-    const auto coverage = [&line] {
-        const Picture drawn = drawLine(line, pixelFrame(270, 300));
-        double sum = 0.0;
-        for (int column = 0; column < 270; ++column)
-            sum += columnCoverage(drawn, column);
-        return sum;
-    };
-    const double solid = coverage();
-    line.dash = {5.0, 4.0};
-    EXPECT_NEAR(coverage() / solid, 5.0 / 9.0, 0.04);
 }
 
 TEST(PlotRasteriser, joinsTheNeighboursOfPointsThatAreNotFinite)

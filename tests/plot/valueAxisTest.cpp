@@ -36,10 +36,7 @@ TEST(LinearScale, hasNoPlacesWithoutAWidth)
 
 TEST(AxisLabel, isChosenByMagnitude)
 {
-    struct Row {
-        double value;
-        std::string label;
-    };
+    using Row = std::pair<double, const char*>;
     for (const auto& [value, label] :
          {Row{0.0, "0"},        Row{-0.0, "0"},        Row{0.25, "0.2"},    Row{0.35, "0.3"},
           Row{0.999, "1.0"},    Row{1.0, "1"},         Row{2.5, "2"},       Row{3.5, "4"},

@@ -77,15 +77,9 @@ public:
         m_painter.setBrush(QColor(214, 214, 208));
         for (int y = -400; y < 400; y += 50)
             m_painter.drawRect(QRectF(-0.6, y, 1.2, 30));
-        for (int x = -10; x < 10; x += 3) {
-            m_painter.drawRect(QRectF(x, -445, 1.6, 25));
-            m_painter.drawRect(QRectF(x, 420, 1.6, 25));
-        }
         for (int y = -105; y < 60; y += 45) {
             m_painter.setBrush(QColor(176, 178, 182));
             m_painter.drawRect(QRectF(120, y, 26, 36));
-            m_painter.setBrush(QColor(150, 152, 158));
-            m_painter.drawRect(QRectF(133, y, 13, 36));
         }
         m_painter.restore();
     }

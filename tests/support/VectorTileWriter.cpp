@@ -18,28 +18,29 @@ std::uint32_t zigzag(int value)
 /// One layer in the making.
 class LayerWriter {
 public:
-    void beginFeature() { m_tags.clear(); }
-
-    void addText(const std::string& key, const std::string& text)
+    /// @param texts by their keys; left out where they are empty
+    void addFeature(std::uint32_t type, const std::vector<std::uint32_t>& geometry,
+                    const std::vector<std::pair<std::string, std::string>>& texts,
+                    const std::map<std::string, std::int64_t>& numbers = {})
     {
-        if (text.empty())
-            return;
-        std::string value;
-        protozero::pbf_writer(value).add_string(1, text);
-        addTag(key, value);
-    }
-
-    void addInteger(const std::string& key, std::int64_t number)
-    {
-        std::string value;
-        protozero::pbf_writer(value).add_int64(4, number);
-        addTag(key, value);
-    }
-
-    void endFeature(std::uint32_t type, const std::vector<std::uint32_t>& geometry)
-    {
+        std::vector<std::uint32_t> tags;
+        const auto addTag = [&](const std::string& key, const std::string& value) {
+            tags.push_back(indexOf(m_keyIndices, m_keys, key));
+            tags.push_back(indexOf(m_valueIndices, m_values, value));
+        };
+        for (const auto& [key, text] : texts) {
+            std::string value;
+            protozero::pbf_writer(value).add_string(1, text);
+            if (!text.empty())
+                addTag(key, value);
+        }
+        for (const auto& [key, number] : numbers) {
+            std::string value;
+            protozero::pbf_writer(value).add_int64(4, number);
+            addTag(key, value);
+        }
         protozero::pbf_writer feature(m_features.emplace_back());
-        feature.add_packed_uint32(2, m_tags.begin(), m_tags.end());
+        feature.add_packed_uint32(2, tags.begin(), tags.end());
         feature.add_enum(3, static_cast<std::int32_t>(type));
         feature.add_packed_uint32(4, geometry.begin(), geometry.end());
     }
@@ -74,14 +75,7 @@ private:
         return found->second;
     }
 
-    void addTag(const std::string& key, const std::string& value)
-    {
-        m_tags.push_back(indexOf(m_keyIndices, m_keys, key));
-        m_tags.push_back(indexOf(m_valueIndices, m_values, value));
-    }
-
     std::vector<std::string> m_features;
-    std::vector<std::uint32_t> m_tags;
     std::vector<std::string> m_keys;
     std::vector<std::string> m_values;
     std::map<std::string, std::uint32_t> m_keyIndices;
@@ -115,31 +109,18 @@ std::string writeVectorTile(const WrittenTile& tile)
     constexpr std::uint32_t line = 2;
     LayerWriter roads;
     for (const WrittenRoad& road : tile.roads) {
-        roads.beginFeature();
-        roads.addText("class", road.roadClass);
-        roads.addText("brunnel", road.brunnel);
-        if (road.isRamp)
-            roads.addInteger("ramp", 1);
-        roads.endFeature(line, lineCommands(road.parts));
+        const std::map<std::string, std::int64_t> ramp{{"ramp", 1}};
+        roads.addFeature(line, lineCommands(road.parts), {{"class", road.roadClass}, {"brunnel", road.brunnel}},
+                         road.isRamp ? ramp : decltype(ramp){});
     }
     LayerWriter places;
-    for (const WrittenPlace& place : tile.places) {
-        places.beginFeature();
-        places.addText("name", place.name);
-        places.addText("name:latin", place.latinName);
-        places.addText("class", place.placeClass);
-        places.addInteger("rank", place.rank);
-        places.endFeature(point, lineCommands({{place.point}}));
-    }
+    for (const auto& [name, latinName, placeClass, rank, place] : tile.places)
+        places.addFeature(point, lineCommands({{place}}),
+                          {{"name", name}, {"name:latin", latinName}, {"class", placeClass}}, {{"rank", rank}});
     LayerWriter roadNames;
-    for (const WrittenRoadName& roadName : tile.roadNames) {
-        roadNames.beginFeature();
-        roadNames.addText("name", roadName.name);
-        roadNames.addText("name:latin", roadName.latinName);
-        roadNames.addText("ref", roadName.ref);
-        roadNames.addText("class", roadName.roadClass);
-        roadNames.endFeature(line, lineCommands(roadName.parts));
-    }
+    for (const auto& [name, latinName, ref, roadClass, parts] : tile.roadNames)
+        roadNames.addFeature(line, lineCommands(parts),
+                             {{"name", name}, {"name:latin", latinName}, {"ref", ref}, {"class", roadClass}});
     std::string bytes;
     for (const auto& [name, layer] :
          {std::pair<std::string_view, const LayerWriter&>{"transportation", roads},
@@ -149,11 +130,6 @@ std::string writeVectorTile(const WrittenTile& tile)
             bytes += layer.finished(name, tile.extent, tile.version);
     }
     return bytes;
-}
-
-std::string writeEmptyLayer(std::string_view name, std::uint32_t extent, std::uint32_t version)
-{
-    return LayerWriter().finished(name, extent, version);
 }
 
 } // namespace ospra

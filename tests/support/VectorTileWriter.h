@@ -54,7 +54,4 @@ struct WrittenTile {
 /// The bytes of a tile in the OpenMapTiles schema; layers without features are left out.
 [[nodiscard]] std::string writeVectorTile(const WrittenTile& tile);
 
-/// The bytes of one layer without features, for tiles that are put together by hand: a field of the tile.
-[[nodiscard]] std::string writeEmptyLayer(std::string_view name, std::uint32_t extent, std::uint32_t version);
-
 } // namespace ospra

@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
-#include <utility>
 
 namespace ospra {
 namespace {
@@ -60,27 +58,11 @@ std::string inventedName(int level, int x, int y)
     return std::string(pick(starts, 3)) + std::string(pick(ends, 4));
 }
 
-/// The part of a straight line between two points that lies within `lo` to `hi` on both axes.
-std::optional<std::pair<GridPoint, GridPoint>> clippedTo(GridPoint from, GridPoint to, int lo, int hi)
+/// Whether the rectangle round two points and that of the tile with its buffer have a part in common.
+bool mayTouchTile(GridPoint a, GridPoint b)
 {
-    double start = 0.0;
-    double end = 1.0;
-    for (const auto& [a, b] : {std::pair(from.x, to.x), std::pair(from.y, to.y)}) {
-        const double delta = b - a;
-        if (delta == 0.0 && (a < lo || a > hi))
-            return std::nullopt;
-        if (delta == 0.0)
-            continue;
-        start = std::max(start, std::min((lo - a) / delta, (hi - a) / delta));
-        end = std::min(end, std::max((lo - a) / delta, (hi - a) / delta));
-    }
-    if (start >= end)
-        return std::nullopt;
-    const auto at = [&](double t) {
-        return GridPoint{static_cast<int>(std::lround(std::lerp(from.x, to.x, t))),
-                         static_cast<int>(std::lround(std::lerp(from.y, to.y, t)))};
-    };
-    return std::pair(at(start), at(end));
+    return std::max(a.x, b.x) >= -buffer && std::min(a.x, b.x) <= extent + buffer && std::max(a.y, b.y) >= -buffer &&
+           std::min(a.y, b.y) <= extent + buffer;
 }
 
 /// Puts the country's features into one tile.
@@ -108,7 +90,7 @@ public:
     void addRoad(std::string_view roadClass, const std::vector<WorldPoint>& line, const std::string& name = {},
                  const std::string& ref = {})
     {
-        const std::vector<GridLine> parts = clippedParts(line);
+        const std::vector<GridLine> parts = piecesInTile(line);
         if (parts.empty())
             return;
         m_written.roads.push_back({.roadClass = std::string(roadClass), .parts = parts});
@@ -135,16 +117,16 @@ private:
         return {unit(point.x, m_tile.x), unit(point.y, m_tile.y)};
     }
 
-    [[nodiscard]] std::vector<GridLine> clippedParts(const std::vector<WorldPoint>& line) const
+    [[nodiscard]] std::vector<GridLine> piecesInTile(const std::vector<WorldPoint>& line) const
     {
         std::vector<GridLine> parts;
         GridPoint last = gridPoint(line.front());
         for (std::size_t i = 1; i < line.size(); ++i) {
             const GridPoint next = gridPoint(line[i]);
-            if (const auto inside = clippedTo(last, next, -buffer, extent + buffer)) {
-                if (parts.empty() || parts.back().back() != inside->first)
-                    parts.push_back({inside->first});
-                parts.back().push_back(inside->second);
+            if (next != last && mayTouchTile(last, next)) {
+                if (parts.empty() || parts.back().back() != last)
+                    parts.push_back({last});
+                parts.back().push_back(next);
             }
             last = next;
         }

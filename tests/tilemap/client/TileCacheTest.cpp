@@ -50,28 +50,17 @@ CachedTile tileOf(qsizetype size)
             .body = QByteArray(size, '\n')};
 }
 
-TEST_F(TileCacheTest, readsWhatItWrote)
+TEST_F(TileCacheTest, keepsEachTileInAFileOfItsOwn)
 {
     cache().write("eox", {3, 1, 2}, tileOf(1000));
     cache().write("eox", {3, 1, 2}, tileOf(900));
     cache().write("eox", TileCache::document, tileOf(0));
-    const std::optional<CachedTile> tile = cache().read("eox", {3, 1, 2});
-    ASSERT_TRUE(tile);
-    EXPECT_EQ(tile->address, "https://example.com/1");
-    EXPECT_EQ(tile->eTag, "W/\"a b\"");
-    EXPECT_EQ(tile->lastModified, "Mon, 02 Mar 2026 10:00:00 GMT");
-    EXPECT_EQ(tile->freshUntil, 1'800'000'000);
-    EXPECT_EQ(tile->body, QByteArray(900, '\n'));
+    EXPECT_EQ(cache().read("eox", {3, 1, 2}).value().body.size(), 900);
     EXPECT_TRUE(cache().read("eox", TileCache::document));
     EXPECT_FALSE(cache().read("eox", {3, 2, 1}));
     EXPECT_FALSE(cache().read("ign", {3, 1, 2}));
     EXPECT_EQ(QDir(path("eox")).entryList(QDir::Files),
               QStringList({QStringLiteral("3-1-2.tile"), QStringLiteral("source.tile")}));
-
-    CachedTile odd = tileOf(10);
-    odd.eTag = "a\nb";
-    cache().write("eox", {3, 1, 2}, odd);
-    EXPECT_EQ(cache().read("eox", {3, 1, 2}).value().eTag, "") << "no field has two lines";
 }
 
 TEST_F(TileCacheTest, staysInItsFolder)

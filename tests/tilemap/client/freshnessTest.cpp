@@ -12,11 +12,7 @@ constexpr qint64 week = 7 * 86'400;
 
 TEST(Freshness, isAsTold)
 {
-    struct Row {
-        AnswerHeaders headers;
-        qint64 seconds;
-    };
-    const std::vector<Row> rows{
+    const std::vector<std::pair<AnswerHeaders, qint64>> rows{
         {{}, week},
         {{.cacheControl = "public"}, week},
         {{.cacheControl = "max-age=3600"}, 3600},

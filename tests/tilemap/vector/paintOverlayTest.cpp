@@ -77,15 +77,6 @@ TEST(PaintOverlay, writesANameWithAHalo)
     }
 }
 
-TEST(PaintOverlay, writesANameOnceThoughTwoTilesHaveIt)
-{
-    const PlacedVectorTile one = town(middleTile, "Holt", {0.0F, 0.25F});
-    const PlacedVectorTile other = town({14, 8191, 8192}, "Holt", {1.0F, 0.25F});
-    const QImage once = paintOverlay(std::vector{one}, frameAt(14.0), font());
-    EXPECT_FALSE(drawnRect(once).isEmpty());
-    EXPECT_EQ(once, paintOverlay(std::vector{one, other}, frameAt(14.0), font()));
-}
-
 TEST(PaintOverlay, turnsNamesAlongRoads)
 {
     const auto named = [](TilePoint from, TilePoint to, double zoom) {

@@ -1,16 +1,12 @@
 #include "tilemap/vector/VectorTile.h"
 
 #include "tests/support/VectorTileWriter.h"
-#include "tests/support/sampleVectorTile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <protozero/pbf_writer.hpp>
 
-#include <random>
-
-/// Ends the program where what is read of the bytes is not sound.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include <functional>
 
 namespace ospra {
 namespace {
@@ -52,26 +48,21 @@ TEST(VectorTile, knowsTheClassesThatAreShown)
 {
     using Row = std::pair<const char*, std::optional<RoadClass>>;
     for (const auto& [name, roadClass] :
-         {Row{"motorway", RoadClass::motorway}, Row{"trunk", RoadClass::trunk}, Row{"primary", RoadClass::primary},
-          Row{"tertiary", RoadClass::tertiary}, Row{"minor", RoadClass::minor}, Row{"service", RoadClass::service},
-          Row{"track", RoadClass::path}, Row{"path", RoadClass::path}, Row{"rail", RoadClass::rail},
-          Row{"transit", RoadClass::rail}, Row{"motorway_construction", std::nullopt}, Row{"ferry", std::nullopt},
-          Row{"Motorway", std::nullopt}, Row{"", std::nullopt}}) {
+         {Row{"minor", RoadClass::minor}, Row{"track", RoadClass::path}, Row{"transit", RoadClass::rail},
+          Row{"motorway_construction", std::nullopt}, Row{"Motorway", std::nullopt}, Row{"", std::nullopt}}) {
         SCOPED_TRACE(name);
         const VectorTile tile = decode({.roads = {{.roadClass = name, .parts = {anyLine}}},
                                         .roadNames = {{.name = "Holt Road", .roadClass = name, .parts = {anyLine}}}});
-        ASSERT_EQ(tile.roads.size(), roadClass ? 1U : 0U);
         ASSERT_EQ(tile.roadNames.size(), roadClass ? 1U : 0U);
-        if (roadClass) {
-            EXPECT_EQ(tile.roads[0].roadClass, *roadClass);
-        }
+        ASSERT_EQ(tile.roads.size(), roadClass ? 1U : 0U);
+        EXPECT_EQ(tile.roads.empty() ? std::nullopt : std::optional(tile.roads[0].roadClass), roadClass);
     }
-    for (const auto& [name, placeClass] :
-         {std::pair("city", PlaceClass::city), std::pair("province", PlaceClass::state),
-          std::pair("quarter", PlaceClass::suburb), std::pair("isolated_dwelling", PlaceClass::other)})
-        EXPECT_EQ(decode({.places = {{.name = "Holt", .placeClass = name}}}).places.at(0).placeClass, placeClass)
-            << name;
-    EXPECT_TRUE(decode({.places = {{.name = "Terra", .placeClass = "continent"}}}).places.empty());
+    const VectorTile tile = decode({.places = {{.name = "A", .placeClass = "continent"},
+                                               {.name = "B", .placeClass = "province"},
+                                               {.name = "C", .placeClass = "of a kind to come"}}});
+    ASSERT_EQ(tile.places.size(), 2U);
+    EXPECT_EQ(tile.places[0].placeClass, PlaceClass::state);
+    EXPECT_EQ(tile.places[1].placeClass, PlaceClass::other);
 }
 
 TEST(VectorTile, takesTheNameInLatinLetters)
@@ -102,36 +93,20 @@ TEST(VectorTile, takesTheNameInLatinLetters)
     }
 }
 
-TEST(VectorTile, readsOtherExtentsAndSkipsWhatItDoesNotKnow)
-{
-    WrittenTile written{.roads = {{.parts = {{{0, 0}, {256, 512}}}}}, .extent = 512, .version = 1};
-    EXPECT_THAT(decode(written).roads.at(0).points.at(1), FieldsAre(0.5F, 1.0F));
-    written.version = 3;
-    EXPECT_TRUE(decode(written).roads.empty());
-
-    written.version = 2;
-    std::string bytes = writeEmptyLayer("building", 0, 2) + writeVectorTile(written);
-    protozero::pbf_writer tile(bytes);
-    tile.add_string(99, "something else");
-    tile.add_fixed64(3, 7); // the layers' number, but no message
-    ASSERT_TRUE(decodeVectorTile(bytes));
-    EXPECT_EQ(decodeVectorTile(bytes)->roads.size(), 1U);
-    EXPECT_TRUE(decodeVectorTile("")) << "a tile of the sea";
-}
-
 /// A tile with one road whose messages are put together by hand.
 struct HandMade {
     std::vector<std::uint32_t> tags{0, 0};
     std::vector<std::uint32_t> geometry{9, 0, 0, 10, 8, 8};
     std::string ramp{}; ///< message of the second value; has a key only where not empty
     std::uint32_t extent = 4096;
+    std::string layerName = "transportation";
 
     [[nodiscard]] std::string bytes() const
     {
         std::string result;
         protozero::pbf_writer tile(result);
         protozero::pbf_writer layer(tile, 3);
-        layer.add_string(1, "transportation");
+        layer.add_string(1, layerName);
         layer.add_string(3, "class");
         std::string roadClass;
         protozero::pbf_writer(roadClass).add_string(1, "minor");
@@ -149,6 +124,23 @@ struct HandMade {
         return result;
     }
 };
+
+TEST(VectorTile, readsOtherExtentsAndSkipsWhatItDoesNotKnow)
+{
+    WrittenTile written{.roads = {{.parts = {{{0, 0}, {256, 512}}}}}, .extent = 512, .version = 1};
+    EXPECT_THAT(decode(written).roads.at(0).points.at(1), FieldsAre(0.5F, 1.0F));
+    written.version = 3;
+    EXPECT_TRUE(decode(written).roads.empty());
+
+    written.version = 2;
+    std::string bytes = HandMade{.extent = 0, .layerName = "building"}.bytes() + writeVectorTile(written);
+    protozero::pbf_writer tile(bytes);
+    tile.add_string(99, "something else");
+    tile.add_fixed64(3, 7); // the layers' number, but no message
+    ASSERT_TRUE(decodeVectorTile(bytes));
+    EXPECT_EQ(decodeVectorTile(bytes)->roads.size(), 1U);
+    EXPECT_TRUE(decodeVectorTile("")) << "a tile of the sea";
+}
 
 TEST(VectorTile, isAbsentWhereAPartIsBroken)
 {
@@ -180,44 +172,21 @@ TEST(VectorTile, isAbsentWhereAPartIsBroken)
 
 TEST(VectorTile, readsNumbersOfEveryType)
 {
-    const auto rampOf = [](const auto& writeValue) {
+    using Write = std::function<void(protozero::pbf_writer&)>;
+    for (const auto& [isRamp, write] : {std::pair<bool, Write>{true, [](auto& value) { value.add_float(2, 1.0F); }},
+                                        {true, [](auto& value) { value.add_double(3, 1.0); }},
+                                        {false, [](auto& value) { value.add_double(3, 1e300); }},
+                                        {true, [](auto& value) { value.add_uint64(5, 1); }},
+                                        {true, [](auto& value) { value.add_sint64(6, -1); }},
+                                        {true, [](auto& value) { value.add_bool(7, true); }},
+                                        {false, [](auto& value) { value.add_bool(7, false); }},
+                                        {false, [](auto& value) { value.add_string(40, "of a type to come"); }}}) {
         HandMade tile{.tags = {0, 0, 1, 1}};
         protozero::pbf_writer writer(tile.ramp);
-        writeValue(writer);
-        return decodeVectorTile(tile.bytes()).value().roads.at(0).isRamp;
-    };
-    EXPECT_TRUE(rampOf([](auto& value) { value.add_float(2, 1.0F); }));
-    EXPECT_TRUE(rampOf([](auto& value) { value.add_double(3, 1.0); }));
-    EXPECT_FALSE(rampOf([](auto& value) { value.add_double(3, 1e300); }));
-    EXPECT_TRUE(rampOf([](auto& value) { value.add_int64(4, 1); }));
-    EXPECT_TRUE(rampOf([](auto& value) { value.add_uint64(5, 1); }));
-    EXPECT_TRUE(rampOf([](auto& value) { value.add_sint64(6, -1); }));
-    EXPECT_TRUE(rampOf([](auto& value) { value.add_bool(7, true); }));
-    EXPECT_FALSE(rampOf([](auto& value) { value.add_bool(7, false); }));
-    EXPECT_FALSE(rampOf([](auto& value) { value.add_string(1, "1"); }));
-    EXPECT_FALSE(rampOf([](auto& value) { value.add_string(40, "of a type to come"); }));
-}
-
-TEST(VectorTile, bearsDamagedTiles)
-{
-    const std::string whole = sampleVectorTile({14, 8524, 5974});
-    ASSERT_GT(decodeVectorTile(whole).value().roads.size(), 20U);
-    std::mt19937 random(11);
-    int read = 0;
-    constexpr int runs = 4'000;
-    for (int run = 0; run < runs; ++run) {
-        std::string damaged = whole;
-        for (unsigned i = 0; i <= random() % 3; ++i)
-            damaged[random() % damaged.size()] = static_cast<char>(random());
-        if (run % 4 == 0)
-            damaged.resize(random() % damaged.size());
-        if (run % 5 == 0)
-            damaged.insert(random() % (damaged.size() + 1), whole, random() % whole.size(), random() % 40);
-        read += decodeVectorTile(damaged) ? 1 : 0;
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(damaged.data()), damaged.size());
+        write(writer);
+        EXPECT_EQ(decodeVectorTile(tile.bytes()).value().roads.at(0).isRamp, isRamp)
+            << testing::PrintToString(tile.ramp);
     }
-    EXPECT_GT(read, runs / 20) << "few were worth looking at";
-    EXPECT_LT(read, runs) << "no damage was seen";
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <numeric>
 
 namespace ospra {
@@ -13,24 +12,14 @@ namespace {
 
 using testing::ElementsAre;
 
-std::vector<HeatmapDay> daysOf(const std::vector<std::optional<Instant>>& jumps, const Calendar& calendar)
+std::vector<Instant> daysOf(const std::vector<std::optional<Instant>>& jumps, const Calendar& calendar)
 {
-    return jumpsPerDay(startsOfDays(datedGroups(makeGroups(jumps)), calendar));
+    return startsOfDays(datedGroups(makeGroups(jumps)), calendar);
 }
 
 HeatmapGrid gridOf(const std::vector<std::optional<Instant>>& jumps, const Calendar& calendar)
 {
-    return {daysOf(jumps, calendar), calendar};
-}
-
-TEST(HeatmapGrid, isEmptyWithoutJumps)
-{
-    const auto calendar = makeCalendar("UTC", monday);
-    const HeatmapGrid grid({}, *calendar);
-    EXPECT_EQ(grid.weekCount(), 0);
-    EXPECT_TRUE(grid.weeklyCounts().empty());
-    EXPECT_EQ(grid.cellOf(utc(2026, 7, 3), *calendar), std::nullopt);
-    EXPECT_TRUE(monthBoundaryWeeks(grid, *calendar).empty());
+    return {jumpsPerDay(daysOf(jumps, calendar)), calendar};
 }
 
 TEST(HeatmapGrid, hasCellsFromItsFirstWeekToItsLast)
@@ -41,31 +30,29 @@ TEST(HeatmapGrid, hasCellsFromItsFirstWeekToItsLast)
     EXPECT_EQ(grid.cellOf(utc(2026, 1, 1, 23), *calendar), (HeatmapCell{0, 3}));
     EXPECT_EQ(grid.cellOf(utc(2026, 2, 1), *calendar), (HeatmapCell{4, 6}));
     EXPECT_EQ(grid.cellOf(utc(2026, 2, 2), *calendar), std::nullopt);
+    EXPECT_EQ(gridOf({}, *calendar).cellOf(utc(2026, 7, 3), *calendar), std::nullopt);
 }
 
 TEST(HeatmapGrid, findsItsWeeksAgainBehindADayThatTheZoneSkipped)
 {
     // There was no 30 December 2011 in Samoa: noon of the 29th, of the 31st, and of Tuesday 3 January.
     const auto calendar = makeCalendar("Pacific/Apia", sunday);
-    const HeatmapGrid grid = gridOf({utc(2011, 12, 29, 22), utc(2011, 12, 30, 22), utc(2012, 1, 2, 22)}, *calendar);
+    const std::vector<std::optional<Instant>> jumps{utc(2011, 12, 29, 22), utc(2011, 12, 30, 22), utc(2012, 1, 2, 22)};
+    const HeatmapGrid grid = gridOf(jumps, *calendar);
     EXPECT_THAT(grid.weeklyCounts(), ElementsAre(2, 1));
     EXPECT_EQ(grid.weekStart(0, *calendar), utc(2011, 12, 25, 10));
     EXPECT_EQ(grid.weekStart(1, *calendar), utc(2011, 12, 31, 10));
     EXPECT_EQ(grid.cellOf(utc(2012, 1, 2, 22), *calendar), (HeatmapCell{1, 2}));
     EXPECT_EQ(grid.count({.week = 1, .day = 2}), 1);
+    EXPECT_EQ(streaks(daysOf(jumps, *calendar), *calendar), (Streaks{.current = 1, .best = 2}));
 }
 
-TEST(HeatmapGrid, marksTheColumnsWhoseFirstDayOpensAMonth)
+TEST(HeatmapGrid, namesTheMonthsOfTheirFirstColumns)
 {
-    const std::vector<std::optional<Instant>> jumps{utc(2026, 5, 28), utc(2026, 7, 4)};
-    // From 25 May: the week of 29 June holds 1 July but does not begin in it.
-    const auto fromMonday = makeCalendar("UTC", monday);
-    EXPECT_THAT(monthBoundaryWeeks(gridOf(jumps, *fromMonday), *fromMonday), ElementsAre(0, 1));
-    // From 24 May, then 31 May and 7 June
-    const auto fromSunday = makeCalendar("UTC", sunday);
-    const auto labels = monthLabels(gridOf(jumps, *fromSunday), *fromSunday, *makeDateTexts("en_US", "UTC"));
+    const auto calendar = makeCalendar("UTC", sunday);
+    const auto labels = monthLabels(gridOf({utc(2026, 5, 28), utc(2026, 7, 4)}, *calendar), *calendar,
+                                    *makeDateTexts("en_US", "UTC")); // from 24 May, then 31 May and 7 June
     ASSERT_EQ(labels.size(), 2U);
-    EXPECT_EQ(labels[0].offset, 0);
     EXPECT_EQ(labels[0].label, "May");
     EXPECT_EQ(labels[1].offset, 2);
     EXPECT_EQ(labels[1].label, "Jun");

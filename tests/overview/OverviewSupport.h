@@ -5,7 +5,6 @@
 #include "platform/Instant.h"
 
 #include <chrono>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>

@@ -140,11 +140,13 @@ void expectRange(const OverviewAggregates& overview, const CountedCalendar& coun
 {
     std::map<long, int> perDay;
     std::map<long, int> perMonth;
+    int busiestDay = 0;
     for (const Instant date : dates) {
-        ++perDay[counted.dayOf(date)];
+        busiestDay = std::max(busiestDay, ++perDay[counted.dayOf(date)]);
         ++perMonth[counted.monthStart(counted.dayOf(date))];
     }
     ASSERT_EQ(overview.visibleJumps, static_cast<int>(dates.size()));
+    ASSERT_EQ(overview.busiestDay, busiestDay);
     ASSERT_EQ(overview.jumpsPerDay.size(), perDay.size());
     for (std::size_t i = 0; const auto& [day, count] : perDay)
         ASSERT_EQ(overview.jumpsPerDay[i++], (HeatmapDay{.date = counted.startOf(day), .count = count}));
@@ -156,6 +158,7 @@ void expectRange(const OverviewAggregates& overview, const CountedCalendar& coun
     }
 
     std::ptrdiff_t week = 0;
+    int busiestWeek = 0;
     std::vector<std::ptrdiff_t> boundaries;
     int month = -1;
     const long first = perDay.empty() ? 0 : counted.weekStart(perDay.begin()->first);
@@ -173,11 +176,13 @@ void expectRange(const OverviewAggregates& overview, const CountedCalendar& coun
             sum += count;
         }
         ASSERT_EQ(overview.heatmap.weeklyCounts()[static_cast<std::size_t>(week)], sum);
+        busiestWeek = std::max(busiestWeek, sum);
         if (counted.day(start).month != month)
             boundaries.push_back(week);
         month = counted.day(start).month;
     }
     ASSERT_EQ(overview.heatmap.weekCount(), week);
+    ASSERT_EQ(overview.busiestWeek, busiestWeek);
     ASSERT_EQ(monthBoundaryWeeks(overview.heatmap, calendar), boundaries);
 }
 

@@ -1,6 +1,5 @@
 #include "display/mapData.h"
 
-#include "display/distanceSeries.h"
 #include "tests/support/JumpBuilder.h"
 
 #include <gtest/gtest.h>
@@ -26,20 +25,6 @@ JumpTrack shortJump()
     return track;
 }
 
-std::vector<VisibleMapSegment> segmentsOf(std::span<const JumpTrack> tracks, const TrackIDs& hidden = {},
-                                          const Zoom& zoom = {})
-{
-    return visibleMapSegments(tracks, buildMapPaths(tracks), hidden, zoom);
-}
-
-std::vector<double> opacities(const JumpTrack& track, const Zoom& zoom)
-{
-    std::vector<double> result;
-    for (const VisibleMapSegment& segment : segmentsOf({&track, 1}, {}, zoom))
-        result.push_back(segment.opacity);
-    return result;
-}
-
 TEST(VisibleMapSegments, shareTheirPathsFromZoomToZoom)
 {
     const std::vector<JumpTrack> tracks{shortJump()};
@@ -52,64 +37,21 @@ TEST(VisibleMapSegments, shareTheirPathsFromZoomToZoom)
     EXPECT_EQ(before[3], after[3]);
 
     // Another array with the same places is the same path, one with another place is not.
-    EXPECT_EQ(segmentsOf(tracks), before);
+    EXPECT_EQ(visibleMapSegments(tracks, buildMapPaths(tracks), {}, {}), before);
     std::vector<JumpTrack> moved = tracks;
     moved[0].file.dataPoints[2].coordinate.longitude += 1e-9;
-    const auto elsewhere = segmentsOf(moved);
+    const auto elsewhere = visibleMapSegments(moved, buildMapPaths(moved), {}, {});
     EXPECT_EQ(elsewhere[0], before[0]);
     EXPECT_NE(elsewhere[1], before[1]);
     EXPECT_NE(elsewhere[2], before[2]);
 }
 
-TEST(VisibleMapSegments, dimWhatTheZoomLeavesOut)
+TEST(VisibleMapRegion, framesPlacesThatAreNumbers)
 {
-    const JumpTrack track = shortJump();
-    const TimeRange range{.lo = 0.0, .hi = 50.0};
-    using Values = std::vector<double>;
-    EXPECT_EQ(opacities(track, {}), (Values{0.4, 1.0, 0.9, 0.7, 0.3}));
-    EXPECT_EQ(opacities(track, {.mode = ZoomMode::freefall, .range = range}), (Values{0.2, 1.0, 0.9, 0.2, 0.2}));
-    EXPECT_EQ(opacities(track, {.mode = ZoomMode::canopy}), (Values{0.2, 0.2, 0.2, 0.7, 0.2}));
-    EXPECT_EQ(opacities(track, {.mode = ZoomMode::freefallAndCanopy}), (Values{0.2, 1.0, 0.9, 0.7, 0.2}));
-    // A quarter of the freefall and just less than a quarter of the deployment.
-    EXPECT_EQ(opacities(track, {.range = TimeRange{17.5, 22.499}}), (Values{0.2, 1.0, 0.2, 0.2, 0.2}));
-    EXPECT_EQ(opacities(track, {.range = TimeRange{12.0, 14.0}}), (Values{0.2, 0.2, 0.2, 0.2, 0.2}));
-
-    JumpTrack backwards = track;
-    backwards.elapsed = {50, 40, 30, 20, 10, 0};
-    EXPECT_EQ(opacities(backwards, {.range = TimeRange{12.0, 14.0}}), (Values{0.4, 1.0, 0.9, 0.7, 0.3}));
-}
-
-std::optional<MapRegion> regionOf(const JumpTrack& track, const std::optional<TimeRange>& range,
-                                  const TrackIDs& hidden = {})
-{
-    const std::vector<JumpTrack> tracks{track};
-    return visibleMapRegion(tracks, buildMapPaths(tracks), hidden, range);
-}
-
-TEST(VisibleMapRegion, framesTheSamplesInRange)
-{
-    JumpTrack track = shortJump();
-    track.file.dataPoints[2].coordinate.longitude = 10.0;
-    const auto region = [&](TimeRange range) { return regionOf(track, range); };
-
-    const MapRegion framed = region({10.0, 20.0}).value();
-    EXPECT_EQ(framed.center, (Coordinate{48.5, 9.0}));
-    EXPECT_DOUBLE_EQ(framed.latitudeDelta, 1.3);
-    EXPECT_DOUBLE_EQ(framed.longitudeDelta, 2.6);
-    EXPECT_EQ(region({50.0, 60.0}), (MapRegion{{52.0, 8.0}, 0.002, 0.002}));
-    EXPECT_EQ(region({51.0, 60.0}), std::nullopt);
-    EXPECT_EQ(regionOf(track, std::nullopt), std::nullopt);
-    EXPECT_EQ(regionOf(track, TimeRange{0.0, 60.0}, {track.id}), std::nullopt);
-
-    // A clock that stepped back: the samples of a time are apart.
-    JumpTrack backwards = track;
-    backwards.elapsed = {0, 10, 20, 5, 15, 25};
-    const MapRegion apart = regionOf(backwards, TimeRange{5.0, 10.0}).value();
-    EXPECT_EQ(apart.center, (Coordinate{49.0, 8.0}));
-    EXPECT_DOUBLE_EQ(apart.latitudeDelta, 2.6);
-
-    track.file.dataPoints[3].coordinate = {.latitude = NAN, .longitude = INFINITY};
-    EXPECT_EQ(region({20.0, 30.0}), (MapRegion{{49.0, 10.0}, 0.002, 0.002}));
+    std::vector<JumpTrack> tracks{shortJump()};
+    tracks[0].file.dataPoints[3].coordinate = {.latitude = NAN, .longitude = INFINITY};
+    const auto region = [&](TimeRange range) { return visibleMapRegion(tracks, buildMapPaths(tracks), {}, range); };
+    EXPECT_EQ(region({20.0, 30.0}), (MapRegion{{49.0, 8.0}, 0.002, 0.002}));
     EXPECT_EQ(region({30.0, 30.0}), std::nullopt);
 }
 

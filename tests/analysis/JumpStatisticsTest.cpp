@@ -54,21 +54,6 @@ TEST(ComputeStatistics, measuresTheFallFromTheExitToTheCanopy)
     EXPECT_EQ(s.pitchIndex, 5);
 }
 
-TEST(ComputeStatistics, keepsNegativeMaximaAndDurations)
-{
-    Samples rising = ladder();
-    for (FlySightDataPoint& sample : rising) {
-        sample.velocityDown = -sample.velocityDown;
-        sample.time.seconds = -sample.time.seconds;
-    }
-    const JumpStatistics s = statisticsOf(rising, {{.phase = freefall, .startIndex = 2, .endIndex = 6},
-                                                   {.phase = canopy, .startIndex = 6, .endIndex = 11}});
-    EXPECT_EQ(s.maxFreefallSpeed, -3.0);
-    EXPECT_EQ(s.freefallDuration, -4.0);
-    EXPECT_EQ(s.canopyDuration, -5.0);
-    EXPECT_EQ(s.maxGlideRatio, 5.0); // climbing counts as sinking does
-}
-
 TEST(GlideRatio, countsNoNearlyLevelFlight)
 {
     for (const auto& [down, ratio] :

@@ -20,14 +20,5 @@ TEST(Jumper, isNamedAfterTheLastComponentOfTheFolder)
     }
 }
 
-TEST(Jumper, takesTheNextColourInTurn)
-{
-    EXPECT_EQ(makeJumper("/a", 0).color, Color::white);
-    EXPECT_EQ(makeJumper("/a", 1).color, Color::yellow);
-    EXPECT_EQ(makeJumper("/a", 5).color, Color::indigo);
-    EXPECT_EQ(makeJumper("/a", 6).color, Color::white);
-    EXPECT_NE(makeJumper("/a", 0).id, makeJumper("/a", 0).id);
-}
-
 } // namespace
 } // namespace ospra

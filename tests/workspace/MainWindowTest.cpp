@@ -8,28 +8,6 @@ namespace {
 
 class MainWindow : public ChartsTest {};
 
-TEST_F(MainWindow, aHoverMovesTheCursorAndDrawsNoLineAnew)
-{
-    press(Qt::Key_Down);
-    waitForPictures();
-    const std::vector<PlotItem*> list = plots();
-    ASSERT_EQ(list.size(), 3u);
-    std::vector<int> before;
-    for (const PlotItem* plot : list)
-        before.push_back(plot->rasterCount());
-    for (const double x : {0.2, 0.4, 0.6, 0.5}) {
-        QTest::mouseMove(window, pointIn(list[1], x));
-        QTest::qWait(30);
-        ASSERT_TRUE(model.hoveredSeconds());
-        EXPECT_NEAR(*model.hoveredSeconds(), list[1]->secondsAt(x * list[1]->width()), 1.0);
-    }
-    QTest::mouseMove(window, QPoint(20, 300));
-    QTest::qWait(30);
-    EXPECT_FALSE(model.hoveredSeconds());
-    for (std::size_t index = 0; index < list.size(); ++index)
-        EXPECT_EQ(list[index]->rasterCount(), before[index]);
-}
-
 TEST_F(MainWindow, theMapTakesTheArrowKeysWhileItHasTheFocus)
 {
     press(Qt::Key_Down);

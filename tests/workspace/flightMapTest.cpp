@@ -83,30 +83,17 @@ protected:
     FlightMapModel* flight = nullptr;
 };
 
-TEST(FlightPaths, areDrawnByPhase)
+TEST(FlightPaths, areDashedByPhaseAndThinnerForCompanions)
 {
-    const struct {
-        JumpPhase phase;
-        double width;
-        DashPattern dash;
-    } rows[] = {{JumpPhase::aircraft, 1.5, {6, 4}},
-                {JumpPhase::freefall, 3.0, {}},
-                {JumpPhase::deployment, 3.0, {4, 3}},
-                {JumpPhase::canopy, 2.1, {8, 3}},
-                {JumpPhase::ground, 0.9, {2, 4}}};
-    for (const auto& [phase, width, dash] : rows) {
-        SCOPED_TRACE(displayName(phase));
-        VisibleMapSegment segment{.id = "x", .phase = phase, .isPrimary = true, .opacity = 0.4};
-        const MapPath path = segmentPath(segment, 0x123456);
-        EXPECT_NEAR(path.width, width, 1e-9);
-        EXPECT_EQ(path.dash, dash);
-        EXPECT_EQ(path.color, 0x123456u);
-        EXPECT_EQ(path.opacity, 0.4);
-        EXPECT_NEAR(path.casingOpacity, 0.18, 1e-9);
-        EXPECT_NEAR(path.casingWidth, width + 2.0, 1e-9);
-        segment.isPrimary = false;
-        EXPECT_NEAR(segmentPath(segment, 0).width, width * 2.5 / 3.0, 1e-9);
-    }
+    VisibleMapSegment segment{.id = "x", .phase = JumpPhase::canopy, .isPrimary = true, .opacity = 0.4};
+    const MapPath path = segmentPath(segment, 0x123456);
+    EXPECT_EQ(path.opacity, 0.4);
+    EXPECT_NEAR(path.casingOpacity, 0.18, 1e-9);
+    segment.isPrimary = false;
+    EXPECT_NEAR(segmentPath(segment, 0).width, path.width * 2.5 / 3.0, 1e-9);
+    segment.phase = JumpPhase::freefall;
+    EXPECT_EQ(segmentPath(segment, 0).dash, DashPattern());
+    EXPECT_NE(path.dash, DashPattern());
 }
 
 TEST(FlightPaths, tellBearings)

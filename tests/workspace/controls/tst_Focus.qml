@@ -110,13 +110,5 @@ Item {
                 compare(toggle.Accessible.checked, expected);
             }
         }
-
-        function test_aDisabledControlCannotBePressed() {
-            root.isOn = false;
-            toggle.enabled = false;
-            mouseClick(toggle);
-            compare(root.isOn, false);
-            toggle.enabled = true;
-        }
     }
 }

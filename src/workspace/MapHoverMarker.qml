@@ -21,7 +21,8 @@ MapAnchor {
     place: root.markerPlace
     width: root.pixels.width / root.pixelRatio
     height: root.pixels.height / root.pixelRatio
-    layer.enabled: true
+    // The software renderer shows no such picture where a logical pixel is more than one, and draws its parts as fast.
+    layer.enabled: GraphicsInfo.api !== GraphicsInfo.Software
     layer.textureSize: root.pixels
     Accessible.role: Accessible.StaticText
     Accessible.name: root.name

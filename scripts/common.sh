@@ -9,7 +9,9 @@ install_packages() {
     local wanted missing=()
     mapfile -t wanted < <(grep -v '^#' "$top/scripts/packages.txt"; [ $# -eq 0 ] || printf '%s\n' "$@")
     local installed
-    installed=$(dpkg-query -W -f '${db:Status-Abbrev}${Package}\n' "${wanted[@]}" 2>/dev/null | sed -n 's/^ii *//p' | sort)
+    # It fails where a package is not known at all, which is no failure here.
+    installed=$({ dpkg-query -W -f '${db:Status-Abbrev}${Package}\n' "${wanted[@]}" 2>/dev/null || true; } |
+        sed -n 's/^ii *//p' | sort)
     mapfile -t missing < <(comm -23 <(printf '%s\n' "${wanted[@]}" | sort) <(printf '%s\n' "$installed"))
     [ ${#missing[@]} -eq 0 ] && return
     local as_root=()

@@ -2,10 +2,11 @@
 
 import os
 import re
+import time
 
 from gi.repository import Gio, GLib
 
-from driver import screen
+from driver import screen, sidebar
 from driver.nodes import Atspi
 from driver.waiting import StoryFailed, wait_for
 
@@ -38,6 +39,25 @@ class Hands:
             pass
         self.events += 1
         self._leave_panels()
+
+    def see_much_ground(self, seconds):
+        """Drags the map of a jump to and fro over new ground. The store of map tiles grows until it is full, and the
+        memory has no level before."""
+        sidebar.open_jump(self._program, sidebar.logs(self._program)[0])
+        left, top, width, height = self._program.window.await_node("canvas", "Map").await_resting()
+        end = time.monotonic() + seconds
+        near, far = left + 20, left + width - 20
+        while time.monotonic() < end:
+            for _ in range(12):
+                self._drag_over((far, top + height // 2), (near, top + height // 2))
+            near, far = far, near
+            self._drag_over((left + width // 2, top + height - 60), (left + width // 2, top + 60))
+
+    def _drag_over(self, start, stop):
+        screen.press(*start)
+        screen.hover(*stop)
+        screen.release()
+        time.sleep(0.2)
 
     def leave_all(self):
         """Closes whatever stands open, and stops touching."""

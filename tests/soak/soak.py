@@ -15,6 +15,7 @@ from hands import Hands
 from rest import Rest, steady
 
 BETWEEN_RESTS = 25  # s
+MUCH_GROUND = 150  # s; more tiles than the program keeps
 FAILURES = ["serve", "serve", "serve", "status 500", "status 503", "status 404", "silence", "drip 200", "html", "svg",
             "truncated", "broken", "empty", "huge", "endless", "redirect", "reset", "serve 3000"]
 # After these a server is left alone until the program ends, so that only one server in four fails so.
@@ -93,6 +94,8 @@ def main():
         program = stack.enter_context(Program())
         hands = Hands(hand_rng, program, disk)
         rest = Rest(program)
+        if minutes > 10:  # else it is too short a run for a level of the memory
+            hands.see_much_ground(MUCH_GROUND)
         use(minutes * 60, hands, disk, Servers(server_rng, servers), rng, rest)
         screen.key("ctrl+q")
         code, complaints = program.await_end(180)

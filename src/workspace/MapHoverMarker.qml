@@ -13,17 +13,17 @@ MapAnchor {
     required property mapPlace markerPlace
 
     readonly property real pixelRatio: Screen.devicePixelRatio
-    /// The picture's size in device pixels, whole, so that it is shown pixel for pixel.
-    readonly property size pixels: Qt.size(Math.ceil(Math.max(words.width, dot.width + 2 * dot.outline) * root.pixelRatio),
-                                           Math.ceil((dot.y + dot.height + dot.outline) * root.pixelRatio))
+    // The picture is whole device pixels large, so that it is shown pixel for pixel.
+    readonly property int columns: Math.ceil(Math.max(words.width, dot.width + 2 * dot.outline) * root.pixelRatio)
+    readonly property int rows: Math.ceil((dot.y + dot.height + dot.outline) * root.pixelRatio)
 
     anchorPoint: Qt.point(0.5, (dot.y + dot.height) / root.height)
     place: root.markerPlace
-    width: root.pixels.width / root.pixelRatio
-    height: root.pixels.height / root.pixelRatio
+    width: root.columns / root.pixelRatio
+    height: root.rows / root.pixelRatio
     // The software renderer shows no such picture where a logical pixel is more than one, and draws its parts as fast.
     layer.enabled: GraphicsInfo.api !== GraphicsInfo.Software
-    layer.textureSize: root.pixels
+    layer.textureSize: Qt.size(root.columns, root.rows) // qmllint disable
     Accessible.role: Accessible.StaticText
     Accessible.name: root.name
 

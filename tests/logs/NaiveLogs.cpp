@@ -2,11 +2,18 @@
 
 #include "platform/Files.h"
 
-#include <algorithm>
+#include <unicode/regex.h>
+#include <unicode/unistr.h>
+
 #include <array>
 #include <bit>
+#include <cerrno>
 #include <cmath>
+#include <cstdlib>
+#include <ctime>
 #include <map>
+#include <set>
+#include <utility>
 
 namespace ospra::naive {
 
@@ -49,12 +56,100 @@ Fields split(const std::string& line)
     return fields;
 }
 
+std::string normalised(const std::string& name)
+{
+    icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
+    const auto isBlank = [](UChar32 c) { return c == '\t' || u_charType(c) == U_SPACE_SEPARATOR; };
+    while (!text.isEmpty() && isBlank(text.char32At(0)))
+        text.remove(0, 1);
+    while (!text.isEmpty() && isBlank(text.char32At(text.length() - 1)))
+        text.truncate(text.length() - 1);
+    std::string result;
+    text.toUTF8String(result);
+    for (char& character : result)
+        character = character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
+    return result;
+}
+
 Columns columnsOf(const Fields& names)
 {
     Columns columns;
     for (std::size_t i = 0; i < names.size(); ++i)
-        columns[columnName(names[i])] = i;
+        columns[normalised(names[i])] = i;
     return columns;
+}
+
+std::optional<std::int64_t> integer(const std::string& field)
+{
+    const std::string digits = !field.empty() && (field[0] == '+' || field[0] == '-') ? field.substr(1) : field;
+    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos)
+        return std::nullopt;
+    errno = 0;
+    const long long value = std::strtoll(field.c_str(), nullptr, 10);
+    return errno == 0 ? std::optional<std::int64_t>(value) : std::nullopt;
+}
+
+/// Whether the text has digits where the pattern has zeros, and is the pattern elsewhere.
+bool matches(const std::string& text, std::string_view pattern)
+{
+    bool isMatch = text.size() == pattern.size();
+    for (std::size_t i = 0; isMatch && i < text.size(); ++i)
+        isMatch = pattern[i] == '0' ? text[i] >= '0' && text[i] <= '9' : text[i] == pattern[i];
+    return isMatch;
+}
+
+std::optional<double> wholeSeconds(const std::string& text)
+{
+    if (!matches(text, "0000-00-00T00:00:00"))
+        return std::nullopt;
+    std::tm given{};
+    given.tm_year = std::stoi(text.substr(0, 4)) - 1900;
+    given.tm_mon = std::stoi(text.substr(5, 2)) - 1;
+    given.tm_mday = std::stoi(text.substr(8, 2));
+    given.tm_hour = std::stoi(text.substr(11, 2));
+    given.tm_min = std::stoi(text.substr(14, 2));
+    given.tm_sec = std::stoi(text.substr(17, 2));
+    std::tm normal = given; // a day or time that does not exist comes back as another
+    const std::time_t seconds = timegm(&normal);
+    const auto key = [](const std::tm& tm) {
+        return std::array{tm.tm_year, tm.tm_mon, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
+    };
+    return key(given) == key(normal) ? std::optional(static_cast<double>(seconds)) : std::nullopt;
+}
+
+std::optional<double> zoneSeconds(const std::string& zone)
+{
+    if (zone == "Z")
+        return 0.0;
+    if (!matches(zone, "+00:00") && !matches(zone, "-00:00"))
+        return std::nullopt;
+    const int hours = std::stoi(zone.substr(1, 2));
+    const int minutes = std::stoi(zone.substr(4, 2));
+    if (hours > 23 || minutes > 59)
+        return std::nullopt;
+    return (zone[0] == '-' ? -60.0 : 60.0) * (hours * 60 + minutes);
+}
+
+std::optional<Instant> dateWithoutFraction(const std::string& field)
+{
+    if (field.size() < 20)
+        return std::nullopt;
+    const auto seconds = wholeSeconds(field.substr(0, 19));
+    const auto zone = zoneSeconds(field.substr(19));
+    return seconds && zone ? std::optional(Instant{*seconds - *zone}) : std::nullopt;
+}
+
+std::optional<Instant> dateWithFraction(const std::string& field)
+{
+    if (field.size() < 20 || field[19] != '.')
+        return std::nullopt;
+    const std::size_t zoneAt = std::min(field.find_first_not_of("0123456789", 20), field.size());
+    std::string fraction = field.substr(20, zoneAt - 20);
+    if (fraction.empty() || fraction.size() > 9)
+        return std::nullopt;
+    fraction.resize(3, '0');
+    const auto date = dateWithoutFraction(field.substr(0, 19) + field.substr(zoneAt));
+    return date ? std::optional(Instant{date->seconds + std::stoi(fraction) / 1000.0}) : std::nullopt;
 }
 
 std::optional<std::string> fieldOf(const Fields& row, const Columns& columns, const std::string& name)
@@ -67,9 +162,15 @@ std::optional<std::string> fieldOf(const Fields& row, const Columns& columns, co
 
 std::optional<FlySightDataPoint> sampleOf(const Fields& row, const Columns& columns)
 {
-    const auto textOf = [&](const std::string& name) { return fieldOf(row, columns, name).value_or(""); };
-    const auto numberOf = [&](const std::string& name) { return number(textOf(name)); };
-    const auto time = date(textOf("time"));
+    const auto numberOf = [&](const std::string& name) {
+        const auto field = fieldOf(row, columns, name);
+        return field ? number(*field) : std::nullopt;
+    };
+    const auto integerOf = [&](const std::string& name) {
+        const auto field = fieldOf(row, columns, name);
+        return field ? integer(*field) : std::nullopt;
+    };
+    const auto time = date(fieldOf(row, columns, "time").value_or(""));
     for (const char* const name : {"lat", "lon", "hmsl", "veln", "vele", "veld"}) {
         if (!time || !numberOf(name))
             return std::nullopt;
@@ -83,8 +184,8 @@ std::optional<FlySightDataPoint> sampleOf(const Fields& row, const Columns& colu
                              .horizontalAccuracy = numberOf("hacc").value_or(0.0),
                              .verticalAccuracy = numberOf("vacc").value_or(0.0),
                              .speedAccuracy = numberOf("sacc").value_or(0.0),
-                             .gpsFix = integer(textOf("gpsfix")).value_or(3),
-                             .numSatellites = integer(textOf("numsv")).value_or(0),
+                             .gpsFix = integerOf("gpsfix").value_or(3),
+                             .numSatellites = integerOf("numsv").value_or(0),
                              .heading = numberOf("heading").value_or(0.0),
                              .headingAccuracy = numberOf("headacc").value_or(0.0)};
 }
@@ -129,11 +230,41 @@ bool sameSample(const FlySightDataPoint& left, const FlySightDataPoint& right)
             s.velocityEast, s.velocityDown,        s.horizontalAccuracy,   s.verticalAccuracy, s.speedAccuracy,
             s.heading,      s.headingAccuracy};
     };
-    return left.gpsFix == right.gpsFix && left.numSatellites == right.numSatellites &&
-           std::ranges::equal(numbers(left), numbers(right), sameNumber);
+    bool isSame = left.gpsFix == right.gpsFix && left.numSatellites == right.numSatellites;
+    for (std::size_t i = 0; i < numbers(left).size(); ++i)
+        isSame = isSame && sameNumber(numbers(left)[i], numbers(right)[i]);
+    return isSame;
 }
 
 } // namespace
+
+std::optional<double> number(const std::string& field)
+{
+    if (field.empty() || std::string_view("\0\t\n\v\f\r ", 7).find(field[0]) != std::string_view::npos)
+        return std::nullopt;
+    char* end = nullptr;
+    const double value = std::strtod(field.c_str(), &end);
+    return end == field.c_str() + field.size() ? std::optional(value) : std::nullopt;
+}
+
+std::optional<Instant> date(const std::string& field)
+{
+    const auto withFraction = dateWithFraction(field);
+    return withFraction ? withFraction : dateWithoutFraction(field);
+}
+
+std::optional<Instant> looseDate(const std::string& field)
+{
+    if (const auto found = date(field))
+        return found;
+    UErrorCode status = U_ZERO_ERROR;
+    icu::RegexMatcher fractions(icu::UnicodeString("\\.\\d+"), 0, status);
+    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(field);
+    fractions.reset(text);
+    std::string rest;
+    fractions.replaceAll(icu::UnicodeString(), status).toUTF8String(rest);
+    return dateWithoutFraction(rest);
+}
 
 ParseResult parse(std::string_view text)
 {
@@ -165,10 +296,10 @@ LogDates probe(std::string_view bytes)
         return dates;
     const bool isVersion1 = !lines[0].starts_with("$FLYS");
     body->columns.try_emplace("time", 0);
-    if (isVersion1) {
+    if (isVersion1)
         body->columns.try_emplace("veld", 6);
+    if (isVersion1)
         dates.jumpDate = looseDate(fieldOf(body->rows.at(0), body->columns, "time").value_or(""));
-    }
     for (const Fields& row : body->rows) {
         const auto sinkRate = fieldOf(row, body->columns, "veld");
         const auto time = fieldOf(row, body->columns, "time");
@@ -199,13 +330,14 @@ std::string difference(const ParseResult& left, const ParseResult& right)
         return "one is an error, one is not";
     if (const auto* const error = std::get_if<FlySightParseError::Case>(&left))
         return *error == std::get<FlySightParseError::Case>(right) ? "" : "different errors";
-    const auto& one = std::get<std::vector<FlySightDataPoint>>(left);
-    const auto& other = std::get<std::vector<FlySightDataPoint>>(right);
-    if (one.size() != other.size())
-        return std::to_string(one.size()) + " and " + std::to_string(other.size()) + " samples";
-    for (std::size_t i = 0; i < one.size(); ++i)
-        if (!sameSample(one[i], other[i]))
+    const auto& leftSamples = std::get<std::vector<FlySightDataPoint>>(left);
+    const auto& rightSamples = std::get<std::vector<FlySightDataPoint>>(right);
+    if (leftSamples.size() != rightSamples.size())
+        return std::to_string(leftSamples.size()) + " and " + std::to_string(rightSamples.size()) + " samples";
+    for (std::size_t i = 0; i < leftSamples.size(); ++i) {
+        if (!sameSample(leftSamples[i], rightSamples[i]))
             return "sample " + std::to_string(i);
+    }
     return "";
 }
 

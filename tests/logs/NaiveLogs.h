@@ -20,11 +20,8 @@ using ParseResult = std::variant<FlySightParseError::Case, std::vector<FlySightD
 [[nodiscard]] ParseResult parse(std::string_view text);
 [[nodiscard]] LogDates probe(std::string_view bytes);
 
-/// The name of a column as columns are compared by: without blanks around it, in small letters.
-[[nodiscard]] std::string columnName(const std::string& text);
 /// Numbers by `strtod`; the program must not have set a locale.
 [[nodiscard]] std::optional<double> number(const std::string& field);
-[[nodiscard]] std::optional<std::int64_t> integer(const std::string& field);
 [[nodiscard]] std::optional<Instant> date(const std::string& field);
 [[nodiscard]] std::optional<Instant> looseDate(const std::string& field);
 
